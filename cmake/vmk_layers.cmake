@@ -1,0 +1,103 @@
+# Compiler settings shared by every target, and the functions that declare layers and tests.
+
+add_library(vmk_options INTERFACE)
+target_include_directories(vmk_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(
+  vmk_options
+  INTERFACE -Wall
+            -Wextra
+            -Wconversion
+            -Wshadow
+            -Werror
+            -Wimplicit-fallthrough)
+# The same commit gives the same bytes wherever it is built.
+target_compile_options(vmk_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.
+                                             -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+
+if(WIN32)
+  target_compile_definitions(
+    vmk_options
+    INTERFACE UNICODE
+              _UNICODE
+              STRICT
+              NOMINMAX
+              WIN32_LEAN_AND_MEAN
+              WINVER=0x0601
+              _WIN32_WINNT=0x0601)
+  target_compile_options(vmk_options INTERFACE -ffunction-sections -fdata-sections)
+  target_link_options(vmk_options INTERFACE -static -Wl,--gc-sections -Wl,--no-insert-timestamp)
+endif()
+
+# vmk_add_layer(NAME [SOURCES file...] [WINDOWS_SOURCES file...] [DEPENDS target...])
+#
+# One folder, one layer, one static library called vmk_NAME. WINDOWS_SOURCES are left out on the build machine.
+# Every header of the folder is also compiled by itself when tests are built, so that each stands alone.
+function(vmk_add_layer name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;WINDOWS_SOURCES;DEPENDS")
+  set(sources ${arg_SOURCES})
+  if(WIN32)
+    list(APPEND sources ${arg_WINDOWS_SOURCES})
+  endif()
+
+  if(sources)
+    add_library(vmk_${name} STATIC ${sources})
+    target_link_libraries(vmk_${name} PUBLIC vmk_options ${arg_DEPENDS})
+  else()
+    add_library(vmk_${name} INTERFACE)
+    target_link_libraries(vmk_${name} INTERFACE vmk_options ${arg_DEPENDS})
+  endif()
+
+  if(WIN32 AND BUILD_TESTING)
+    file(GLOB headers RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    set(checks)
+    foreach(header IN LISTS headers)
+      set(check ${PROJECT_BINARY_DIR}/header_checks/${header}.cpp)
+      file(CONFIGURE OUTPUT ${check} CONTENT "#include \"${header}\"\n")
+      list(APPEND checks ${check})
+    endforeach()
+    if(checks)
+      add_library(vmk_${name}_headers OBJECT ${checks})
+      target_link_libraries(vmk_${name}_headers PRIVATE vmk_options ${arg_DEPENDS})
+    endif()
+  endif()
+endfunction()
+
+# vmk_add_tests(NAME SOURCES file... [LIBRARIES target...] [DISPLAY] [TIMEOUT seconds])
+#
+# One executable NAME_test of GoogleTest sources, and one ctest entry per source file, named NAME.<file without
+# _test>, which runs the suites that the file declares. Under Wine each entry is a process of its own, so a crash
+# fails one entry only.
+function(vmk_add_tests name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "SOURCES;LIBRARIES")
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 300)
+  endif()
+
+  add_executable(${name}_test ${arg_SOURCES})
+  target_link_libraries(${name}_test PRIVATE vmk_options ${arg_LIBRARIES} GTest::gmock_main)
+  set_target_properties(${name}_test PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
+  set_property(
+    DIRECTORY
+    APPEND
+    PROPERTY CMAKE_CONFIGURE_DEPENDS ${arg_SOURCES})
+
+  foreach(source IN LISTS arg_SOURCES)
+    file(STRINGS ${source} lines REGEX "^(TYPED_)?TEST(_F|_P)?\\(")
+    set(suites)
+    foreach(line IN LISTS lines)
+      string(REGEX REPLACE "^(TYPED_)?TEST(_F|_P)?\\(([A-Za-z0-9_]+).*" "\\3" suite "${line}")
+      list(APPEND suites ${suite}.* */${suite}.* ${suite}/*.*)
+    endforeach()
+    if(NOT suites)
+      continue()
+    endif()
+    list(REMOVE_DUPLICATES suites)
+    list(JOIN suites ":" filter)
+    get_filename_component(base ${source} NAME_WE)
+    string(REGEX REPLACE "_test$" "" base ${base})
+    add_test(NAME ${name}.${base} COMMAND ${name}_test --gtest_brief=1 --gtest_filter=${filter})
+    set_tests_properties(
+      ${name}.${base}
+      PROPERTIES TIMEOUT ${arg_TIMEOUT} FAIL_REGULAR_EXPRESSION "from 0 test suites ran|Running 0 tests")
+  endforeach()
+endfunction()

@@ -1,0 +1,19 @@
+#include "framework/module.h"
+
+// The linker puts this at the start of the image, so its address is the module handle.
+extern "C" IMAGE_DOS_HEADER
+    __ImageBase;  // NOLINT(bugprone-reserved-identifier,readability-identifier-naming)
+
+namespace vmk {
+
+Module* Module::s_module = nullptr;
+
+Module::Module() noexcept : m_instance(reinterpret_cast<HINSTANCE>(&__ImageBase)) {
+    s_module = this;
+}
+
+Module::~Module() {
+    s_module = nullptr;
+}
+
+}  // namespace vmk

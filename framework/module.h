@@ -1,0 +1,43 @@
+#pragma once
+
+#include <windows.h>
+
+#include <atomic>
+
+#include "framework/creation_list.h"
+
+namespace vmk {
+
+// What belongs to the loaded module as a whole: its instance handle, its lock count and the list of objects
+// whose windows are being created. Each binary defines exactly one, as a static; it dies when the binary is
+// unloaded.
+class Module {
+  public:
+    Module() noexcept;
+    virtual ~Module();
+    Module(const Module&) = delete;
+    Module& operator=(const Module&) = delete;
+
+    // The one module object of this binary.
+    static Module& Get() noexcept { return *s_module; }
+
+    // The binary that this code is linked into: where its resources are.
+    HINSTANCE Instance() const noexcept { return m_instance; }
+
+    // The lock count keeps the module loaded: one for each live object and each LockServer(TRUE). May be
+    // called from any thread; Lock and Unlock return the new count.
+    virtual LONG Lock() noexcept { return ++m_locks; }
+    virtual LONG Unlock() noexcept { return --m_locks; }
+    virtual LONG GetLockCount() const noexcept { return m_locks; }
+
+    CreationList& Creations() noexcept { return m_creations; }
+
+  private:
+    static Module* s_module;
+
+    HINSTANCE m_instance;
+    std::atomic<LONG> m_locks = 0;
+    CreationList m_creations;
+};
+
+}  // namespace vmk

@@ -1,0 +1,95 @@
+# Private Wine prefixes with a virtual display each; source it, do not run it.
+# shellcheck shell=bash
+#
+# A slot is build/wine/N: a prefix and an Xvfb that one process uses at a time, so that tests running side by side
+# never fight for the focus, the mouse or the registry. The user's own prefix is never touched.
+
+wine_slots=${VMK_WINE_SLOTS:-$(nproc)}
+wine_dir=${VMK_WINE_DIR:-$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)/build/wine}
+
+# The Debian package has no wine64 on the path; /usr/bin/wine grumbles about the missing 32-bit half.
+wine_binary() {
+    local candidate
+    for candidate in wine64 /usr/lib/wine/wine64 wine; do
+        if command -v "$candidate" >/dev/null 2>&1; then
+            command -v "$candidate"
+            return
+        fi
+    done
+    echo "error: no wine found; run script/bootstrap" >&2
+    return 1
+}
+
+# wine_environment SLOT: exports what Wine needs to run in the slot.
+wine_environment() {
+    wine=$(wine_binary)
+    export WINEPREFIX="$wine_dir/$1/prefix"
+    export WINEARCH=win64
+    export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
+    export WINEDEBUG="${WINEDEBUG--all}"
+    if [ -f "$wine_dir/$1/display" ]; then
+        DISPLAY=":$(cat "$wine_dir/$1/display")"
+        export DISPLAY
+    fi
+}
+
+# wine_start SLOT: makes the prefix and starts the display unless they are there. The caller holds the slot's lock.
+wine_start() {
+    local slot_dir="$wine_dir/$1"
+    mkdir -p "$slot_dir"
+    if ! { [ -f "$slot_dir/xvfb.pid" ] && kill -0 "$(cat "$slot_dir/xvfb.pid")" 2>/dev/null; }; then
+        rm -f "$slot_dir/display"
+        : >"$slot_dir/display.new"
+        setsid Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp \
+            3>"$slot_dir/display.new" >"$slot_dir/xvfb.log" 2>&1 </dev/null 9>&- &
+        echo $! >"$slot_dir/xvfb.pid"
+        for _ in $(seq 200); do
+            [ -s "$slot_dir/display.new" ] && break
+            sleep 0.05
+        done
+        [ -s "$slot_dir/display.new" ] || {
+            echo "error: Xvfb did not start; see $slot_dir/xvfb.log" >&2
+            return 1
+        }
+        mv "$slot_dir/display.new" "$slot_dir/display"
+    fi
+    wine_environment "$1"
+    if [ ! -f "$slot_dir/ready" ]; then
+        rm -rf "$slot_dir/prefix"
+        timeout 120 "$wine" wineboot -i >"$slot_dir/wineboot.log" 2>&1 9>&- || true
+        # Without a window manager Wine would wait two seconds for one at each modal dialog.
+        timeout 60 "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >>"$slot_dir/wineboot.log" 2>&1 9>&-
+        timeout 60 "$wine" reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
+            >>"$slot_dir/wineboot.log" 2>&1 9>&-
+        touch "$slot_dir/ready"
+    fi
+}
+
+# wine_acquire: locks a free slot (file descriptor 9, until this process ends), waiting for the first when all are
+# taken; sets wine_slot.
+wine_acquire() {
+    mkdir -p "$wine_dir"
+    local n
+    for ((n = 1; n <= wine_slots; n++)); do
+        exec 9>"$wine_dir/$n.lock"
+        if flock -n 9; then
+            export wine_slot=$n
+            return
+        fi
+    done
+    exec 9>"$wine_dir/1.lock"
+    flock 9
+    export wine_slot=1
+}
+
+# wine_stop_all: ends the servers and displays of all slots; the prefixes stay for the next run.
+wine_stop_all() {
+    local slot_dir server
+    server=$(command -v wineserver || echo /usr/lib/wine/wineserver)
+    for slot_dir in "$wine_dir"/*/; do
+        [ -d "$slot_dir/prefix" ] && WINEPREFIX="${slot_dir}prefix" "$server" -k >/dev/null 2>&1
+        [ -f "$slot_dir/xvfb.pid" ] && kill "$(cat "$slot_dir/xvfb.pid")" 2>/dev/null
+        rm -f "$slot_dir/xvfb.pid" "$slot_dir/display"
+    done
+    return 0
+}
