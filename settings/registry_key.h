@@ -1,0 +1,18 @@
+#pragma once
+
+#include <windows.h>
+
+#include "framework/handle.h"
+
+namespace vmk {
+
+struct RegistryKeyTraits {
+    using Value = HKEY;
+    static constexpr Value None() noexcept { return nullptr; }
+    static void Close(Value value) noexcept { RegCloseKey(value); }
+};
+
+// Owner of an open registry key.
+using UniqueRegistryKey = UniqueHandle<RegistryKeyTraits>;
+
+}  // namespace vmk
