@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "language/language_file.h"
+
+namespace vmk {
+
+/// The translations of one language, found by their source texts. Texts are compared code unit by code unit,
+/// so the user's locale plays no part.
+class LanguageTable {
+  public:
+    LanguageTable() = default;
+
+    /// Copies the entries' texts. Of entries with the same source the first one counts.
+    explicit LanguageTable(std::span<const LanguageEntry> entries);
+
+    /// The translation of exactly this text, which lives as long as the table.
+    std::optional<std::wstring_view> Find(std::wstring_view source) const;
+
+    std::size_t size() const { return m_rows.size(); }
+    bool empty() const { return m_rows.empty(); }
+
+  private:
+    std::unique_ptr<wchar_t[]> m_texts;
+    std::vector<LanguageEntry> m_rows;  // sorted by source, pointing into m_texts
+};
+
+}  // namespace vmk
