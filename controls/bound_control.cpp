@@ -1,0 +1,58 @@
+#include "controls/bound_control.h"
+
+#include <olectl.h>
+
+#include "framework/reflection.h"
+
+namespace vmk {
+
+void Dependents::Set(const Dialog& page, bool on) const {
+    for (const UINT id : ids) EnableWindow(page.Item(id), on == enabledWhenOn);
+}
+
+void BoundControl::Attach(BoundDialog& page, UINT id) {
+    static_cast<CDialogEnv&>(*this) = page.ForChild();
+    m_page = &page;
+    m_id = id;
+    SubclassWindow(page.Item(id));
+}
+
+std::optional<LRESULT> BoundControl::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
+    const bool movesFocus = wParam == VK_TAB || wParam == VK_RETURN;
+    switch (msg) {
+        case WM_GETDLGCODE:
+            return DLGC_WANTALLKEYS;
+        case WM_KEYDOWN:
+            if (!movesFocus) return std::nullopt;
+            MoveFocus(wParam == VK_TAB && GetKeyState(VK_SHIFT) < 0);
+            return 0;
+        case WM_CHAR:
+            // The characters of the two keys are consumed with them, or an edit box would beep.
+            if (!movesFocus) return std::nullopt;
+            return 0;
+        case OCM_COMMAND:
+            if (OnReflectedCommand(HIWORD(wParam))) return 0;
+            break;
+        default:
+            break;
+    }
+    return DefaultReflection(hwnd, msg, wParam, lParam);
+}
+
+// Forwards the ring of the page's own tab stops is kept. Backwards the dialog manager's order holds, which
+// leads out of the page to the page list.
+void BoundControl::MoveFocus(bool backwards) const noexcept {
+    const HWND root = GetAncestor(Handle(), GA_ROOT);
+    if (backwards) {
+        SetFocus(GetNextDlgTabItem(root, Handle(), TRUE));
+        return;
+    }
+    HWND next = m_nextFocus;
+    if (!IsWindow(next)) next = GetNextDlgTabItem(m_page->Handle(), Handle(), FALSE);
+    if (!next || next == Handle()) next = applyButton;
+    // A disabled Apply cannot take the focus; it must not be a dead end either.
+    if (next == applyButton && !IsApplyEnabled()) next = GetNextDlgTabItem(root, Handle(), FALSE);
+    SetFocus(next);
+}
+
+}  // namespace vmk

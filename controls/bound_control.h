@@ -1,0 +1,51 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <span>
+
+#include "controls/bound_dialog.h"
+#include "controls/dialog_env.h"
+#include "framework/window.h"
+
+namespace vmk {
+
+// Controls of the same page whose enabled state follows, or opposes, an on-off control.
+struct Dependents {
+    std::span<const UINT> ids;
+    bool enabledWhenOn = true;
+
+    void Set(const Dialog& page, bool on) const;
+};
+
+// A control of a dialog template bound to one field of the settings. It shows the field, keeps a working
+// value while the user edits, enables Apply on every change, and switches its dependents. It never writes the
+// field by itself: the page's StorePage calls Store. A member of its page; the control's window dies before
+// it.
+class BoundControl : public Window, public CDialogEnv {
+  public:
+    // Tab and Enter go to this window instead of the next tab stop of the page.
+    void SetNextFocus(HWND window) noexcept { m_nextFocus = window; }
+
+  protected:
+    void Attach(BoundDialog& page, UINT id);
+
+    // The dialog that the control stands in; valid once attached.
+    BoundDialog& Page() const noexcept { return *m_page; }
+    UINT Id() const noexcept { return m_id; }
+
+    std::optional<LRESULT> ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
+
+    // A notification of the control that its page has reflected back; true when it is consumed.
+    virtual bool OnReflectedCommand(UINT /*code*/) { return false; }
+
+  private:
+    void MoveFocus(bool backwards) const noexcept;
+
+    BoundDialog* m_page = nullptr;
+    UINT m_id = 0;
+    HWND m_nextFocus = nullptr;
+};
+
+}  // namespace vmk

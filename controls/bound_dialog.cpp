@@ -1,0 +1,46 @@
+#include "controls/bound_dialog.h"
+
+#include <commctrl.h>
+
+#include "framework/reflection.h"
+
+namespace vmk {
+
+bool BoundDialog::IsItemChecked(UINT id) const noexcept {
+    return SendMessageW(Item(id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+void BoundDialog::CheckItem(UINT id, bool check) const noexcept {
+    SendMessageW(Item(id), BM_SETCHECK, check ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+std::optional<LRESULT> BoundDialog::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
+    switch (msg) {
+        case WM_INITDIALOG:
+            TranslateWindowTexts(hwnd);
+            OnInitDialog();
+            return TRUE;
+        case WM_COMMAND:
+            if (OnCommand(CommandOf(wParam))) return 0;
+            break;
+        case WM_NOTIFY: {
+            const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+            if (StepOnSpin(header) || OnNotify(header)) return 0;
+            break;
+        }
+        default:
+            break;
+    }
+    return ReflectNotification(hwnd, msg, wParam, lParam);
+}
+
+bool BoundDialog::StepOnSpin(const NMHDR& header) {
+    if (header.code != UDN_DELTAPOS) return false;
+    for (const Spin& spin : Spins()) {
+        if (spin.id == header.idFrom)
+            return spin.edit.StepBy(reinterpret_cast<const NMUPDOWN&>(header).iDelta);
+    }
+    return false;
+}
+
+}  // namespace vmk

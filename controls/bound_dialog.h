@@ -1,0 +1,65 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <span>
+
+#include "controls/dialog_env.h"
+#include "framework/dialog.h"
+
+namespace vmk {
+
+// A number box that a spin control steps.
+class SteppedEdit {
+  public:
+    // One step up or down within the limits. False, and nothing done, when the box has no range.
+    virtual bool StepUp() = 0;
+    virtual bool StepDown() = 0;
+
+    // Turns a spin's proposed change into a step. Spins keep their default range, which runs downwards: their
+    // "up" is a negative change.
+    bool StepBy(int proposedChange) { return proposedChange < 1 ? StepUp() : StepDown(); }
+
+  protected:
+    ~SteppedEdit() = default;
+};
+
+// A spin control and the box beside it.
+struct Spin {
+    UINT id;
+    SteppedEdit& edit;
+};
+
+// A dialog whose controls are bound to settings: a page, a panel inside a page or a dialog of its own. It
+// hands the notifications of its controls back to them, after the handlers below have had a look.
+class BoundDialog : public Dialog, public CDialogEnv {
+  public:
+    void SetEnvironment(const CDialogEnv& env) { static_cast<CDialogEnv&>(*this) = env; }
+
+    void EnableItem(UINT id, bool enable) const noexcept { EnableWindow(Item(id), enable); }
+    void ShowItem(UINT id, bool show) const noexcept { ShowWindow(Item(id), show ? SW_SHOW : SW_HIDE); }
+    bool IsItemChecked(UINT id) const noexcept;
+    void CheckItem(UINT id, bool check) const noexcept;
+    // A click as if by the user, with all that follows from it.
+    void ClickItem(UINT id) const noexcept { SendMessageW(Item(id), BM_CLICK, 0, 0); }
+
+  protected:
+    std::optional<LRESULT> ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
+
+    // The window is there, its controls are translated but not bound yet.
+    virtual void OnInitDialog() = 0;
+
+    // A notification of a control before the control itself sees it. True when it is thereby done, so that a
+    // bound control does not see it.
+    virtual bool OnCommand(Command /*command*/) { return false; }
+    virtual bool OnNotify(const NMHDR& /*header*/) { return false; }
+
+    // The dialog's spin controls, each with its box.
+    virtual std::span<const Spin> Spins() { return {}; }
+
+  private:
+    bool StepOnSpin(const NMHDR& header);
+};
+
+}  // namespace vmk

@@ -1,0 +1,62 @@
+#include "controls/edit_int.h"
+
+#include <algorithm>
+
+namespace vmk {
+
+void CMyEditInt::Bind(BoundDialog& page, UINT id, std::int32_t& field, const Options& options) {
+    Attach(page, id);
+    m_field = &field;
+    m_stored = field;
+    m_working = field;
+    m_options = options;
+}
+
+void CMyEditInt::ShowNumber(std::int32_t number) {
+    SetDlgItemInt(Page().Handle(), static_cast<int>(Id()), static_cast<UINT>(number), TRUE);
+}
+
+std::int32_t CMyEditInt::ReadNumber() const {
+    return static_cast<std::int32_t>(GetDlgItemInt(Page().Handle(), static_cast<int>(Id()), nullptr, TRUE));
+}
+
+bool CMyEditInt::Accepts(std::int32_t number) const {
+    return !HasRange() || (m_options.minimum <= number && number <= m_options.maximum);
+}
+
+bool CMyEditInt::Step(std::int64_t change) {
+    if (!HasRange()) return false;
+    const std::int64_t wanted = ReadNumber() + change;
+    m_working = static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(wanted, m_options.minimum, std::max(m_options.minimum, m_options.maximum)));
+    ShowNumber(m_working);
+    EnableApply();
+    return true;
+}
+
+void CMyEditInt::Store() {
+    *m_field = m_working;
+    m_stored = m_working;
+}
+
+std::optional<LRESULT> CMyEditInt::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
+    if (msg == WM_KILLFOCUS) {
+        const std::int32_t number = ReadNumber();
+        if (!Accepts(number)) {
+            m_working = m_stored;
+            ShowNumber(m_stored);
+            SetFocus(hwnd);
+            return 0;
+        }
+        m_working = number;
+    }
+    return BoundControl::ProcessWindowMessage(hwnd, msg, wParam, lParam);
+}
+
+bool CMyEditInt::OnReflectedCommand(UINT code) {
+    if (code != EN_CHANGE) return false;
+    EnableApply();
+    return true;
+}
+
+}  // namespace vmk

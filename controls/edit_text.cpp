@@ -1,0 +1,24 @@
+#include "controls/edit_text.h"
+
+#include "framework/window_text.h"
+
+namespace vmk {
+
+void CMyEditText::Bind(BoundDialog& page, UINT id, std::wstring& field) {
+    Attach(page, id);
+    m_field = &field;
+}
+
+void CMyEditText::Store() {
+    std::wstring text = WindowText(Handle());
+    m_field->swap(text);
+    if (GetWindowLongPtrW(Handle(), GWL_STYLE) & ES_PASSWORD) Wipe(text);
+}
+
+bool CMyEditText::OnReflectedCommand(UINT code) {
+    if (code != EN_CHANGE) return false;
+    EnableApply();
+    return true;
+}
+
+}  // namespace vmk

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "controls/bound_control.h"
+
+namespace vmk {
+
+// An edit box that shows a text of any length. The text on screen is its working value.
+class CMyEditText final : public BoundControl {
+  public:
+    // Attaches to the page's control; Show puts the field's text on screen.
+    void Bind(BoundDialog& page, UINT id, std::wstring& field);
+
+    void Show() { SetText(*m_field); }
+    void SetText(const std::wstring& text) { SetWindowTextW(Handle(), text.c_str()); }
+
+    // Replaces the field by the whole text on screen. What a password box replaces is wiped from memory.
+    void Store();
+
+  private:
+    bool OnReflectedCommand(UINT code) override;
+
+    std::wstring* m_field = nullptr;
+};
+
+}  // namespace vmk

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace vmk {
+
+// The folder of the language files as an administrator has configured it: the ANSI text "VLF_PATH" under the
+// component's key in HKEY_LOCAL_MACHINE. Empty when there is none, or when it takes 260 bytes or more.
+std::string LanguageFolder();
+
+}  // namespace vmk

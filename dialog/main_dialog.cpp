@@ -1,0 +1,107 @@
+#include "dialog/main_dialog.h"
+
+#include <string>
+
+#include "dialog/language_folder.h"
+#include "framework/module.h"
+#include "framework/visual_style.h"
+#include "resources/ids/main.h"
+
+namespace vmk {
+namespace {
+
+constexpr wchar_t kProduct[] = L"vmkctrl.PdfPrinterPreferences";
+
+std::wstring CurrentFolder() {
+    std::wstring folder(GetCurrentDirectoryW(0, nullptr), L'\0');
+    folder.resize(GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data()));
+    return folder;
+}
+
+// The folder of this module, with its last backslash.
+std::wstring ModuleFolder() {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetModuleFileNameW(Module::Get().Instance(), path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) {
+            path.resize(length);
+            break;
+        }
+        path.resize(path.size() * 2);
+    }
+    return path.substr(0, path.rfind(L'\\') + 1);
+}
+
+// Makes the module's folder the process's current one for a while.
+class InModuleFolder {
+  public:
+    InModuleFolder() : m_previous(CurrentFolder()) { SetCurrentDirectoryW(ModuleFolder().c_str()); }
+    ~InModuleFolder() { SetCurrentDirectoryW(m_previous.c_str()); }
+    InModuleFolder(const InModuleFolder&) = delete;
+    InModuleFolder& operator=(const InModuleFolder&) = delete;
+
+  private:
+    std::wstring m_previous;
+};
+
+Translator CreateTranslator() {
+    // Whatever a translator looks up by relative path is to be found beside the module.
+    const InModuleFolder inModuleFolder;
+    return Translator{};
+}
+
+}  // namespace
+
+CDlgMain::CDlgMain(PrinterSettings& settings, const PreferencesDialogOptions& options)
+    : m_settings(settings), m_options(options), m_translator(CreateTranslator()) {}
+
+INT_PTR CDlgMain::Run() {
+    const VisualStyle visualStyle;
+    return DoModal(IDD_MAIN, GetActiveWindow());
+}
+
+std::optional<LRESULT> CDlgMain::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM /*lParam*/) {
+    if (msg == WM_INITDIALOG) {
+        OnInitDialog();
+        return FALSE;
+    }
+    const Command command = CommandOf(wParam);
+    if (msg != WM_COMMAND || command.code != 0) return std::nullopt;
+    switch (command.id) {
+        case IDOK:
+            EndDialog(hwnd, IDOK);
+            return 0;
+        case IDCANCEL:
+            // Pages store while they are destroyed only if Apply is enabled.
+            DisableApply();
+            EndDialog(hwnd, IDCANCEL);
+            return 0;
+        case IDC_MAIN_APPLY:
+            m_navigator.ApplyPages();
+            DisableApply();
+            return 0;
+        default:
+            return std::nullopt;
+    }
+}
+
+void CDlgMain::OnInitDialog() {
+    if (!m_options.title.empty()) SetWindowTextW(Handle(), m_options.title.c_str());
+    OpenLanguage();
+
+    m_applyButton = Item(IDC_MAIN_APPLY);
+    const CDialogEnv env = {.translator = &m_translator, .settings = &m_settings, .applyButton = m_applyButton};
+    m_navigator.CreateNavigator(env, m_options.pages, Handle());
+    // Pages that show their values may have enabled it, though nothing has changed yet.
+    DisableApply();
+}
+
+void CDlgMain::OpenLanguage() {
+    const LANGID language = m_options.language ? m_options.language : GetUserDefaultLangID();
+    if (!m_translator.OpenLanguageSession(LanguageFolder(), kProduct)) return;
+    m_translator.SelectLanguage(language);
+    m_translator.TranslateWindow(Handle(), true);
+}
+
+}  // namespace vmk

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <memory>
+#include <span>
+
+#include "pages/page.h"
+#include "settings/page_set.h"
+
+namespace vmk {
+
+// One page of the dialog.
+struct PageRow {
+    static constexpr int kNoIcon = -1;
+
+    PageSet bit;
+    const wchar_t* name;  // what the list shows, translated
+    int icon;             // index into the page icons, or kNoIcon
+    std::unique_ptr<PageWindow> (*create)();
+};
+
+// Every page, in the order of the list (which is not the order of the bits).
+std::span<const PageRow> PageTable();
+
+}  // namespace vmk

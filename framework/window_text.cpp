@@ -1,0 +1,21 @@
+#include "framework/window_text.h"
+
+namespace vmk {
+
+std::wstring WindowText(HWND hwnd, int limit) {
+    std::wstring text(static_cast<size_t>(limit), L'\0');
+    text.resize(static_cast<size_t>(GetWindowTextW(hwnd, text.data(), limit + 1)));
+    return text;
+}
+
+std::wstring WindowText(HWND hwnd) {
+    return WindowText(hwnd, GetWindowTextLengthW(hwnd));
+}
+
+void Wipe(std::wstring& text) noexcept {
+    text.resize(text.capacity());
+    SecureZeroMemory(text.data(), text.size() * sizeof(wchar_t));
+    text.clear();
+}
+
+}  // namespace vmk

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace vmk {
+
+// The whole text of a window.
+std::wstring WindowText(HWND hwnd);
+
+// At most `limit` characters of a window's text.
+std::wstring WindowText(HWND hwnd, int limit);
+
+// Overwrites a text, spare room included, and empties it: for passwords, before their memory is freed.
+void Wipe(std::wstring& text) noexcept;
+
+}  // namespace vmk

@@ -1,0 +1,4 @@
+#pragma once
+
+#define IDD_WATERMARKS 208
+#define IDC_WATERMARKS_PRINT 309
