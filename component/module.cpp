@@ -1,0 +1,23 @@
+#include "component/module.h"
+
+namespace vmk {
+
+HRESULT CvmkctrlModule::GetRegistrar(IRegistrar** registrar) noexcept {
+    if (!registrar) return E_POINTER;
+    *registrar = nullptr;
+    if (!m_registrar) {
+        const HRESULT result = CoCreateInstance(kRegistrarClass, nullptr, CLSCTX_INPROC_SERVER,
+                                                __uuidof(IRegistrar), m_registrar.PutVoid());
+        if (FAILED(result)) return result;
+    }
+    *registrar = m_registrar.get();
+    (*registrar)->AddRef();
+    return S_OK;
+}
+
+HRESULT CvmkctrlModule::AddCommonReplacements(IRegistrar* registrar) noexcept {
+    if (!registrar) return E_POINTER;
+    return registrar->AddReplacement(L"APPID", kAppId);
+}
+
+}  // namespace vmk
