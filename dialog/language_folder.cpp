@@ -14,8 +14,8 @@ std::string LanguageFolder() {
     if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, kRegistryRoot, 0, KEY_READ, key.put()) != ERROR_SUCCESS) return {};
     std::array<char, MAX_PATH> folder{};
     DWORD size = folder.size();
-    const LSTATUS status =
-        RegQueryValueExA(key.get(), "VLF_PATH", nullptr, nullptr, reinterpret_cast<BYTE*>(folder.data()), &size);
+    const LSTATUS status = RegQueryValueExA(key.get(), "VLF_PATH", nullptr, nullptr,
+                                            reinterpret_cast<BYTE*>(folder.data()), &size);
     if (status != ERROR_SUCCESS || size >= folder.size()) return {};
     return folder.data();
 }

@@ -91,7 +91,8 @@ void CDlgMain::OnInitDialog() {
     OpenLanguage();
 
     m_applyButton = Item(IDC_MAIN_APPLY);
-    const CDialogEnv env = {.translator = &m_translator, .settings = &m_settings, .applyButton = m_applyButton};
+    const CDialogEnv env = {
+        .translator = &m_translator, .settings = &m_settings, .applyButton = m_applyButton};
     m_navigator.CreateNavigator(env, m_options.pages, Handle());
     // Pages that show their values may have enabled it, though nothing has changed yet.
     DisableApply();

@@ -10,8 +10,8 @@
 
 namespace vmk {
 
-// The modal preferences dialog: the navigator with OK, Cancel and Apply below. Lives on the stack of the call that
-// runs it.
+// The modal preferences dialog: the navigator with OK, Cancel and Apply below. Lives on the stack of the call
+// that runs it.
 class CDlgMain final : public Dialog {
   public:
     CDlgMain(PrinterSettings& settings, const PreferencesDialogOptions& options);

@@ -19,14 +19,16 @@ void CDlgSettings::ApplyPages() {
     }
 }
 
-std::optional<LRESULT> CDlgSettings::ProcessWindowMessage(HWND /*hwnd*/, UINT msg, WPARAM /*wParam*/, LPARAM lParam) {
+std::optional<LRESULT> CDlgSettings::ProcessWindowMessage(HWND /*hwnd*/, UINT msg, WPARAM /*wParam*/,
+                                                          LPARAM lParam) {
     switch (msg) {
         case WM_INITDIALOG:
             OnInitDialog();
             return TRUE;
         case WM_NOTIFY: {
             const auto& change = *reinterpret_cast<const NMLISTVIEW*>(lParam);
-            if (change.hdr.idFrom != IDC_NAVIGATOR_LIST || change.hdr.code != LVN_ITEMCHANGED) return std::nullopt;
+            if (change.hdr.idFrom != IDC_NAVIGATOR_LIST || change.hdr.code != LVN_ITEMCHANGED)
+                return std::nullopt;
             if (change.uNewState & LVIS_SELECTED) ShowPage(change.iItem);
             return 0;
         }
@@ -38,7 +40,9 @@ std::optional<LRESULT> CDlgSettings::ProcessWindowMessage(HWND /*hwnd*/, UINT ms
     }
 }
 
-HWND CDlgSettings::List() const { return Item(IDC_NAVIGATOR_LIST); }
+HWND CDlgSettings::List() const {
+    return Item(IDC_NAVIGATOR_LIST);
+}
 
 void CDlgSettings::OnInitDialog() {
     PrepareList();

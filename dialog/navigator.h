@@ -12,8 +12,8 @@
 
 namespace vmk {
 
-// The list of page names on the left and the frame with the current page on the right. Creates every enabled page at
-// once and shows the selected one. Owned by the main dialog.
+// The list of page names on the left and the frame with the current page on the right. Creates every enabled
+// page at once and shows the selected one. Owned by the main dialog.
 class CDlgSettings final : public Dialog, public CDialogEnv {
   public:
     bool CreateNavigator(const CDialogEnv& env, PageSet pages, HWND parent);

@@ -24,8 +24,8 @@ class PageWindow {
     PageWindow() = default;
 };
 
-// The base of every page with content. A page has its bound controls as members, binds and shows them in LoadPage and
-// copies them into the settings in StorePage.
+// The base of every page with content. A page has its bound controls as members, binds and shows them in
+// LoadPage and copies them into the settings in StorePage.
 class CPage : public PageWindow, public BoundDialog {
   public:
     HWND CreatePage(const CDialogEnv& env, HWND frame) override;
@@ -33,14 +33,16 @@ class CPage : public PageWindow, public BoundDialog {
   protected:
     explicit CPage(UINT templateId) : m_templateId(templateId) {}
 
-    // Binds every control to its setting and shows the stored values. The page's texts are translated already.
+    // Binds every control to its setting and shows the stored values. The page's texts are translated
+    // already.
     virtual void LoadPage() = 0;
 
-    // Writes every control into the settings. Called on Apply and when the page is destroyed, if there is anything to
-    // store.
+    // Writes every control into the settings. Called on Apply and when the page is destroyed, if there is
+    // anything to store.
     virtual void StorePage() = 0;
 
-    // Whether the page stores also when Apply is disabled, that is, when nothing was changed or all was cancelled.
+    // Whether the page stores also when Apply is disabled, that is, when nothing was changed or all was
+    // cancelled.
     virtual bool StoresAlways() const { return false; }
 
     std::optional<LRESULT> ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;

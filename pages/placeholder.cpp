@@ -4,7 +4,9 @@
 
 namespace vmk {
 
-HWND PlaceholderPage::CreatePage(const CDialogEnv& /*env*/, HWND frame) { return Create(m_templateId, frame); }
+HWND PlaceholderPage::CreatePage(const CDialogEnv& /*env*/, HWND frame) {
+    return Create(m_templateId, frame);
+}
 
 std::optional<LRESULT> PlaceholderPage::ProcessWindowMessage(HWND /*hwnd*/, UINT /*msg*/, WPARAM /*wParam*/,
                                                              LPARAM /*lParam*/) {

@@ -11,6 +11,8 @@ void CDlgWatermarks::LoadPage() {
     m_print.Show();
 }
 
-void CDlgWatermarks::StorePage() { m_print.Store(); }
+void CDlgWatermarks::StorePage() {
+    m_print.Store();
+}
 
 }  // namespace vmk

@@ -1,0 +1,3 @@
+#pragma once
+
+#define IDD_DIGITAL_SIGNATURE 107

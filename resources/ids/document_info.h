@@ -1,0 +1,3 @@
+#pragma once
+
+#define IDD_DOCUMENT_INFO 212

@@ -1,0 +1,393 @@
+#include "tests/support/live_dialog.h"
+
+#include <windows.h>
+// commctrl.h needs windows.h before it.
+#include <commctrl.h>
+
+#include <algorithm>
+#include <atomic>
+#include <stdexcept>
+#include <utility>
+
+#include "framework/window_text.h"
+#include "resources/ids/main.h"
+#include "tests/support/loaded_module.h"
+#include "tests/support/wait.h"
+#include "vmkctrl.h"
+
+namespace vmk::test {
+namespace {
+
+constexpr wchar_t kCallerClass[] = L"VmkTestCaller";
+constexpr UINT WM_CALL = WM_APP + 1;
+
+using Call = std::function<void()>;
+
+LRESULT CALLBACK CallerProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
+    if (msg != WM_CALL) return DefWindowProcW(hwnd, msg, wParam, lParam);
+    (*reinterpret_cast<const Call*>(lParam))();
+    return 0;
+}
+
+// A window on the dialog's thread to which calls can be sent, also while the dialog's own message loop runs.
+HWND CreateCaller() {
+    WNDCLASSW windowClass{};
+    windowClass.lpfnWndProc = CallerProc;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.lpszClassName = kCallerClass;
+    RegisterClassW(&windowClass);
+    return CreateWindowExW(0, kCallerClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, windowClass.hInstance,
+                           nullptr);
+}
+
+bool IsDialog(HWND hwnd) {
+    wchar_t name[16];
+    GetClassNameW(hwnd, name, 16);
+    return std::wstring_view(name) == L"#32770";
+}
+
+// The topmost visible, enabled dialog of a thread.
+HWND ModalDialog(DWORD thread, HWND except) {
+    struct Search {
+        HWND except;
+        HWND found;
+    } search{.except = except, .found = nullptr};
+    EnumThreadWindows(
+        thread,
+        [](HWND hwnd, LPARAM parameter) -> BOOL {
+            auto& wanted = *reinterpret_cast<Search*>(parameter);
+            if (hwnd == wanted.except || !IsDialog(hwnd) || !IsWindowVisible(hwnd) || !IsWindowEnabled(hwnd))
+                return TRUE;
+            wanted.found = hwnd;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+POINT CentreOf(HWND hwnd) {
+    RECT rect{};
+    GetWindowRect(hwnd, &rect);
+    return {.x = (rect.left + rect.right) / 2, .y = (rect.top + rect.bottom) / 2};
+}
+
+// Clicks at a position of the screen, which is given in 65,536ths. Each event carries the position: the real
+// pointer of the display may interfere between them.
+void ClickScreen(POINT point) {
+    INPUT inputs[2]{};
+    for (INPUT& input : inputs) {
+        input.type = INPUT_MOUSE;
+        input.mi.dx = MulDiv(point.x, 65536, GetSystemMetrics(SM_CXSCREEN));
+        input.mi.dy = MulDiv(point.y, 65536, GetSystemMetrics(SM_CYSCREEN));
+        input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE;
+    }
+    inputs[0].mi.dwFlags |= MOUSEEVENTF_LEFTDOWN;
+    inputs[1].mi.dwFlags |= MOUSEEVENTF_LEFTUP;
+    SendInput(2, inputs, sizeof(INPUT));
+}
+
+void SendKey(WORD virtualKey, DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = virtualKey;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(virtualKey, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = flags;
+    SendInput(1, &input, sizeof(input));
+}
+
+}  // namespace
+
+// LiveWindow
+
+std::wstring LiveWindow::Text() const {
+    return WindowText(m_hwnd);
+}
+
+std::wstring LiveWindow::Text(UINT id) const {
+    return WindowText(Control(id));
+}
+
+bool LiveWindow::IsShown(UINT id) const {
+    return (GetWindowLongW(Control(id), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+bool LiveWindow::IsChecked(UINT id) const {
+    return SendMessageW(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+bool LiveWindow::AreEnabled(const std::vector<UINT>& ids) const {
+    return std::ranges::all_of(ids, [this](UINT id) { return Control(id) && IsEnabled(id); });
+}
+
+bool LiveWindow::AreDisabled(const std::vector<UINT>& ids) const {
+    return std::ranges::none_of(ids, [this](UINT id) { return !Control(id) || IsEnabled(id); });
+}
+
+void LiveWindow::Click(UINT id) const {
+    SendMessageW(Control(id), BM_CLICK, 0, 0);
+}
+
+void LiveWindow::PostClick(UINT id) const {
+    PostMessageW(Control(id), BM_CLICK, 0, 0);
+}
+
+void LiveWindow::MouseClick(UINT id) const {
+    ClickScreen(CentreOf(Control(id)));
+}
+
+void LiveWindow::EnterText(UINT id, const std::wstring& text) const {
+    SendMessageW(Control(id), EM_SETSEL, 0, -1);
+    SendMessageW(Control(id), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void LiveWindow::Focus(UINT id) const {
+    SendMessageW(m_hwnd, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(id)), TRUE);
+}
+
+void LiveWindow::EnterTextAndLeave(UINT id, const std::wstring& text, UINT next) const {
+    Focus(id);
+    EnterText(id, text);
+    Focus(next);
+}
+
+std::vector<std::wstring> LiveWindow::Items(UINT id) const {
+    std::vector<std::wstring> items;
+    const LRESULT count = SendMessageW(Control(id), CB_GETCOUNT, 0, 0);
+    for (LRESULT index = 0; index < count; ++index) {
+        const auto position = static_cast<WPARAM>(index);
+        std::wstring text(static_cast<size_t>(SendMessageW(Control(id), CB_GETLBTEXTLEN, position, 0)),
+                          L'\0');
+        SendMessageW(Control(id), CB_GETLBTEXT, position, reinterpret_cast<LPARAM>(text.data()));
+        items.push_back(std::move(text));
+    }
+    return items;
+}
+
+std::wstring LiveWindow::Selected(UINT id) const {
+    const LRESULT index = SendMessageW(Control(id), CB_GETCURSEL, 0, 0);
+    return index == CB_ERR ? std::wstring() : Items(id)[static_cast<size_t>(index)];
+}
+
+bool LiveWindow::Choose(UINT id, const std::wstring& text) const {
+    const std::vector<std::wstring> items = Items(id);
+    const auto found = std::ranges::find(items, text);
+    if (found == items.end()) return false;
+    SendMessageW(Control(id), CB_SETCURSEL, static_cast<WPARAM>(found - items.begin()), 0);
+    SendMessageW(m_hwnd, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(Control(id)));
+    return true;
+}
+
+void LiveWindow::ClickSpin(UINT id, bool up) const {
+    RECT client{};
+    GetClientRect(Control(id), &client);
+    const LPARAM point = MAKELPARAM(client.right / 2, up ? client.bottom / 4 : client.bottom * 3 / 4);
+    SendMessageW(Control(id), WM_LBUTTONDOWN, MK_LBUTTON, point);
+    SendMessageW(Control(id), WM_LBUTTONUP, 0, point);
+}
+
+// LiveDialog
+
+struct LiveDialog::Session {
+    explicit Session(Options wanted) : options(std::move(wanted)) {
+        ready = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+        finished = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+        thread = CreateThread(nullptr, 0, Main, this, 0, &threadId);
+        WaitForSingleObject(ready, INFINITE);
+    }
+    ~Session() {
+        PostThreadMessageW(threadId, WM_QUIT, 0, 0);
+        WaitForSingleObject(thread, INFINITE);
+        CloseHandle(thread);
+        CloseHandle(ready);
+        CloseHandle(finished);
+    }
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    static DWORD WINAPI Main(void* parameter) {
+        static_cast<Session*>(parameter)->Run();
+        return 0;
+    }
+
+    void Run() {
+        const ComApartment apartment;
+        const LoadedModule module;
+        const ComPointer<IPdfPrinterPreferences> created = module.CreatePreferences();
+        object = created.get();
+        caller = CreateCaller();
+        OpenDialog();
+        SetEvent(finished);
+        MSG message;
+        while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+        DestroyWindow(caller);
+    }
+
+    void OpenDialog() {
+        if (options.settings)
+            object->InitFromRegistry(AllPages, AutomationString(options.settings->SubKey()).get());
+        object->EnablePage(static_cast<PdfPrinterDialogPage>(options.pages));
+        object->SetTitle(AutomationString(options.title).get());
+        if (options.prepare) options.prepare(*object);
+        SetEvent(ready);
+        LONG answer = 0;
+        object->OpenDialog(options.language, &answer);
+        result = answer;
+    }
+
+    bool IsFinished() const { return WaitForSingleObject(finished, 0) == WAIT_OBJECT_0; }
+
+    Options options;
+    HANDLE ready = nullptr;
+    HANDLE finished = nullptr;
+    HANDLE thread = nullptr;
+    DWORD threadId = 0;
+    HWND caller = nullptr;
+    IPdfPrinterPreferences* object = nullptr;
+    std::atomic<LONG> result = 0;
+};
+
+LiveDialog::LiveDialog() : LiveDialog(Options{}) {}
+
+LiveDialog::LiveDialog(Options options) : m_session(std::make_unique<Session>(std::move(options))) {
+    HWND found = nullptr;
+    const bool opened = WaitUntil([&] {
+        found = ModalDialog(m_session->threadId, nullptr);
+        return found || m_session->IsFinished();
+    });
+    if (!opened || !found) throw std::runtime_error("the preferences dialog did not open");
+    m_main = LiveWindow(found);
+    m_navigator = LiveWindow(FindWindowExW(found, nullptr, L"#32770", nullptr));
+    SetForegroundWindow(found);
+    WaitUntil([&] { return GetForegroundWindow() == found; });
+}
+
+LiveDialog::~LiveDialog() {
+    if (!m_session->IsFinished()) {
+        // Whatever stands over the main dialog goes first.
+        while (const HWND modal = ModalDialog(m_session->threadId, m_main.Handle())) {
+            PostMessageW(modal, WM_COMMAND, IDCANCEL, 0);
+            if (!WaitUntilClosed(LiveWindow(modal))) break;
+        }
+        PostMessageW(m_main.Handle(), WM_COMMAND, IDCANCEL, 0);
+        WaitForSingleObject(m_session->finished, 10'000);
+    }
+}
+
+std::vector<std::wstring> LiveDialog::PageNames() const {
+    const HWND list = m_navigator.Control(IDC_NAVIGATOR_LIST);
+    std::vector<std::wstring> names;
+    for (int index = 0; index < ListView_GetItemCount(list); ++index) {
+        wchar_t text[260] = {};
+        LVITEMW item{};
+        item.pszText = text;
+        item.cchTextMax = 260;
+        SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
+        names.emplace_back(text);
+    }
+    return names;
+}
+
+int LiveDialog::SelectedItem() const {
+    return ListView_GetNextItem(m_navigator.Control(IDC_NAVIGATOR_LIST), -1, LVNI_SELECTED);
+}
+
+LiveWindow LiveDialog::Page(const std::wstring& name) const {
+    const std::vector<std::wstring> names = PageNames();
+    const auto found = std::ranges::find(names, name);
+    if (found == names.end()) return {};
+    LVITEMW state{};
+    state.state = LVIS_SELECTED | LVIS_FOCUSED;
+    state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    SendMessageW(m_navigator.Control(IDC_NAVIGATOR_LIST), LVM_SETITEMSTATE,
+                 static_cast<WPARAM>(found - names.begin()), reinterpret_cast<LPARAM>(&state));
+    return VisiblePage();
+}
+
+LiveWindow LiveDialog::VisiblePage() const {
+    HWND page = GetWindow(m_navigator.Control(IDC_NAVIGATOR_FRAME), GW_CHILD);
+    while (page && !IsWindowVisible(page)) page = GetWindow(page, GW_HWNDNEXT);
+    return LiveWindow(page);
+}
+
+bool LiveDialog::IsApplyEnabled() const {
+    return m_main.IsEnabled(IDC_MAIN_APPLY);
+}
+
+void LiveDialog::Apply() const {
+    m_main.Click(IDC_MAIN_APPLY);
+}
+
+int LiveDialog::Ok() {
+    m_main.PostClick(IDOK);
+    return WaitForResult();
+}
+
+int LiveDialog::Cancel() {
+    m_main.PostClick(IDCANCEL);
+    return WaitForResult();
+}
+
+int LiveDialog::WaitForResult() {
+    if (WaitForSingleObject(m_session->finished, 10'000) != WAIT_OBJECT_0)
+        throw std::runtime_error("the preferences dialog did not close");
+    return static_cast<int>(m_session->result);
+}
+
+PrinterSettings LiveDialog::Record() const {
+    const ScratchSettings copy;
+    Call([&](IPdfPrinterPreferences& object) {
+        object.StoreInRegistry(AllPages, AutomationString(copy.SubKey()).get());
+    });
+    return copy.Load();
+}
+
+void LiveDialog::Call(const std::function<void(IPdfPrinterPreferences&)>& function) const {
+    const vmk::test::Call call = [&] { function(*m_session->object); };
+    SendMessageW(m_session->caller, WM_CALL, 0, reinterpret_cast<LPARAM>(&call));
+}
+
+HWND LiveDialog::Focused() const {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof(info);
+    GetGUIThreadInfo(m_session->threadId, &info);
+    return info.hwndFocus;
+}
+
+bool LiveDialog::FocusReaches(HWND window) const {
+    return WaitUntil([&] { return Focused() == window; });
+}
+
+void LiveDialog::PressKey(WORD virtualKey) const {
+    PressKeys({}, virtualKey);
+}
+
+void LiveDialog::PressKeys(const std::vector<WORD>& held, WORD virtualKey) const {
+    for (const WORD key : held) SendKey(key, 0);
+    SendKey(virtualKey, 0);
+    SendKey(virtualKey, KEYEVENTF_KEYUP);
+    for (const WORD key : held) SendKey(key, KEYEVENTF_KEYUP);
+}
+
+void LiveDialog::TypeText(const std::wstring& text) const {
+    for (const wchar_t character : text) {
+        const SHORT key = VkKeyScanW(character);
+        const bool shifted = (HIBYTE(key) & 1) != 0;
+        PressKeys(shifted ? std::vector<WORD>{VK_SHIFT} : std::vector<WORD>{}, LOBYTE(key));
+    }
+}
+
+LiveWindow LiveDialog::WaitForModal(HWND over) const {
+    HWND modal = nullptr;
+    const HWND below = over ? over : m_main.Handle();
+    WaitUntil([&] {
+        modal = ModalDialog(m_session->threadId, below);
+        return modal != nullptr;
+    });
+    return LiveWindow(modal);
+}
+
+bool LiveDialog::WaitUntilClosed(const LiveWindow& window) const {
+    return WaitUntil([&] { return !IsWindow(window.Handle()) || !IsWindowVisible(window.Handle()); });
+}
+
+}  // namespace vmk::test
