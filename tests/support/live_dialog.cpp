@@ -11,9 +11,7 @@
 
 #include "framework/window_text.h"
 #include "resources/ids/main.h"
-#include "tests/support/loaded_module.h"
 #include "tests/support/wait.h"
-#include "vmkctrl.h"
 
 namespace vmk::test {
 namespace {
@@ -273,8 +271,38 @@ LiveDialog::~LiveDialog() {
     }
 }
 
+HWND LiveDialog::List() const {
+    return m_navigator.Control(IDC_NAVIGATOR_LIST);
+}
+
+// What the dialog manager makes of 400 dialog units in pixels, both ways, gives the scale.
+Place LiveDialog::PlaceInUnits(HWND window, HWND relativeTo) const {
+    constexpr int kScale = 400;
+    RECT scale = {.left = 0, .top = 0, .right = kScale, .bottom = kScale};
+    MapDialogRect(m_main.Handle(), &scale);
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    MapWindowPoints(nullptr, relativeTo, reinterpret_cast<POINT*>(&rect), 2);
+    return {.x = MulDiv(rect.left, kScale, scale.right),
+            .y = MulDiv(rect.top, kScale, scale.bottom),
+            .width = MulDiv(rect.right - rect.left, kScale, scale.right),
+            .height = MulDiv(rect.bottom - rect.top, kScale, scale.bottom)};
+}
+
+std::vector<int> LiveDialog::PageIcons() const {
+    std::vector<int> icons;
+    for (int index = 0; index < ListView_GetItemCount(List()); ++index) {
+        LVITEMW item{};
+        item.mask = LVIF_IMAGE;
+        item.iItem = index;
+        SendMessageW(List(), LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        icons.push_back(item.iImage);
+    }
+    return icons;
+}
+
 std::vector<std::wstring> LiveDialog::PageNames() const {
-    const HWND list = m_navigator.Control(IDC_NAVIGATOR_LIST);
+    const HWND list = List();
     std::vector<std::wstring> names;
     for (int index = 0; index < ListView_GetItemCount(list); ++index) {
         wchar_t text[260] = {};
@@ -288,7 +316,13 @@ std::vector<std::wstring> LiveDialog::PageNames() const {
 }
 
 int LiveDialog::SelectedItem() const {
-    return ListView_GetNextItem(m_navigator.Control(IDC_NAVIGATOR_LIST), -1, LVNI_SELECTED);
+    return ListView_GetNextItem(List(), -1, LVNI_SELECTED);
+}
+
+void LiveDialog::Deselect() const {
+    LVITEMW state{};
+    state.stateMask = LVIS_SELECTED;
+    SendMessageW(List(), LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&state));
 }
 
 LiveWindow LiveDialog::Page(const std::wstring& name) const {
@@ -298,8 +332,8 @@ LiveWindow LiveDialog::Page(const std::wstring& name) const {
     LVITEMW state{};
     state.state = LVIS_SELECTED | LVIS_FOCUSED;
     state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-    SendMessageW(m_navigator.Control(IDC_NAVIGATOR_LIST), LVM_SETITEMSTATE,
-                 static_cast<WPARAM>(found - names.begin()), reinterpret_cast<LPARAM>(&state));
+    SendMessageW(List(), LVM_SETITEMSTATE, static_cast<WPARAM>(found - names.begin()),
+                 reinterpret_cast<LPARAM>(&state));
     return VisiblePage();
 }
 
@@ -307,6 +341,13 @@ LiveWindow LiveDialog::VisiblePage() const {
     HWND page = GetWindow(m_navigator.Control(IDC_NAVIGATOR_FRAME), GW_CHILD);
     while (page && !IsWindowVisible(page)) page = GetWindow(page, GW_HWNDNEXT);
     return LiveWindow(page);
+}
+
+int LiveDialog::VisiblePages() const {
+    int visible = 0;
+    HWND page = GetWindow(m_navigator.Control(IDC_NAVIGATOR_FRAME), GW_CHILD);
+    for (; page; page = GetWindow(page, GW_HWNDNEXT)) visible += IsWindowVisible(page) ? 1 : 0;
+    return visible;
 }
 
 bool LiveDialog::IsApplyEnabled() const {

@@ -9,9 +9,8 @@
 
 #include "settings/page_set.h"
 #include "settings/printer_settings.h"
+#include "tests/support/loaded_module.h"
 #include "tests/support/scratch_settings.h"
-
-struct IPdfPrinterPreferences;
 
 namespace vmk::test {
 
@@ -64,6 +63,16 @@ class LiveWindow {
     HWND m_hwnd = nullptr;
 };
 
+// Where a window is, in dialog units of the main dialog.
+struct Place {
+    int x;
+    int y;
+    int width;
+    int height;
+
+    bool operator==(const Place&) const = default;
+};
+
 // The built component's object on a thread of its own, with its preferences dialog open.
 class LiveDialog {
   public:
@@ -82,15 +91,22 @@ class LiveDialog {
     LiveDialog(const LiveDialog&) = delete;
     LiveDialog& operator=(const LiveDialog&) = delete;
 
-    // The main dialog and its page list.
     const LiveWindow& Main() const { return m_main; }
+    const LiveWindow& Navigator() const { return m_navigator; }
+    // A window's place relative to another one's client area.
+    Place PlaceInUnits(HWND window, HWND relativeTo) const;
+
+    // The page list.
     std::vector<std::wstring> PageNames() const;
+    std::vector<int> PageIcons() const;
     int SelectedItem() const;
+    void Deselect() const;
 
     // Selects a page in the list, by the text shown there, and returns it. Empty when there is no such page.
     LiveWindow Page(const std::wstring& name) const;
     // The page on screen; empty when there is none.
     LiveWindow VisiblePage() const;
+    int VisiblePages() const;
 
     bool IsApplyEnabled() const;
     void Apply() const;
@@ -122,6 +138,8 @@ class LiveDialog {
 
   private:
     struct Session;
+
+    HWND List() const;
 
     std::unique_ptr<Session> m_session;
     LiveWindow m_main;
