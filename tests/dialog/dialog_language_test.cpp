@@ -1,0 +1,143 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+
+#include "resources/ids/main.h"
+#include "resources/ids/watermarks.h"
+#include "tests/support/language_folder.h"
+#include "tests/support/live_dialog.h"
+
+namespace vmk::test {
+namespace {
+
+constexpr LANGID kGerman = 0x0407;
+constexpr LANGID kSwissGerman = 0x0807;
+constexpr wchar_t kEnglishCaption[] = L"Vellumark 3.0 Printing Preferences";
+
+const Translations kEntries = {{kEnglishCaption, L"Druckeinstellungen"},
+                               {L"OK", L"Gut"},
+                               {L"Cancel", L"Abbrechen"},
+                               {L"Apply", L"Anwenden"},
+                               {L"Watermarks", L"Wasserzeichen"},
+                               {L"Enable Printing Watermark", L"Wasserzeichen drucken"},
+                               {L"Fine title", L"Feiner Titel"}};
+
+std::wstring CaptionIn(LANGID language) {
+    return LiveDialog({.pages = page_bit::kWatermarks, .language = language}).Main().Text();
+}
+
+TEST(DialogLanguage, TranslatesCaptionButtonsPageNamesAndPageTexts) {
+    const LanguageFolder folder(kEntries);
+    const LiveDialog dialog({.language = kGerman});
+    EXPECT_EQ(dialog.Main().Text(), L"Druckeinstellungen");
+    EXPECT_EQ(dialog.Main().Text(IDOK), L"Gut");
+    EXPECT_EQ(dialog.Main().Text(IDCANCEL), L"Abbrechen");
+    EXPECT_EQ(dialog.Main().Text(IDC_MAIN_APPLY), L"Anwenden");
+    EXPECT_EQ(dialog.PageNames()[6], L"Wasserzeichen");
+    EXPECT_EQ(dialog.PageNames()[7], L"Overlay");
+    EXPECT_EQ(dialog.Page(L"Wasserzeichen").Text(IDC_WATERMARKS_PRINT), L"Wasserzeichen drucken");
+}
+
+TEST(DialogLanguage, LooksUpTheHostsTitleLikeAnyText) {
+    const LanguageFolder folder(kEntries);
+    const LiveDialog known({.pages = 0, .language = kGerman, .title = L"Fine title"});
+    EXPECT_EQ(known.Main().Text(), L"Feiner Titel");
+    const LiveDialog unknown({.pages = 0, .language = kGerman, .title = L"Other title"});
+    EXPECT_EQ(unknown.Main().Text(), L"Other title");
+}
+
+TEST(DialogLanguage, ZeroMeansTheUsersDefaultLanguage) {
+    const LanguageFolder folder(kEntries, GetUserDefaultLangID());
+    EXPECT_EQ(CaptionIn(0), L"Druckeinstellungen");
+}
+
+TEST(DialogLanguage, ASubLanguageWithoutAFileStaysEnglish) {
+    const LanguageFolder folder(kEntries);
+    EXPECT_EQ(CaptionIn(kSwissGerman), kEnglishCaption);
+}
+
+TEST(DialogLanguage, OnlyTheLowWordOfTheIdentifierCounts) {
+    const LanguageFolder folder(kEntries);
+    LONG answer = 0;
+    LiveDialog dialog({.pages = 0, .language = kGerman});
+    EXPECT_EQ(dialog.Ok(), 1);
+    std::wstring caption;
+    dialog.Call([&](IPdfPrinterPreferences& object) {
+        // The dialog closes itself as soon as its caption has been read.
+        const UINT_PTR timer = SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR id, DWORD) {
+            if (const HWND open = GetActiveWindow()) {
+                KillTimer(nullptr, id);
+                PostMessageW(open, WM_COMMAND,
+                             LiveWindow(open).Text() == L"Druckeinstellungen" ? IDOK : IDCANCEL, 0);
+            }
+        });
+        object.OpenDialog(static_cast<LONG>(0x12340000 | kGerman), &answer);
+        KillTimer(nullptr, timer);
+    });
+    EXPECT_EQ(answer, IDOK);
+}
+
+TEST(DialogLanguage, OfTwoFilesOfOneLanguageOnlyTheFirstFoundIsUsed) {
+    const LanguageFolder folder;
+    folder.AddFile(L"a.vlf", kGerman, {{L"OK", L"eins"}});
+    folder.AddFile(L"b.vlf", kGerman, {{L"OK", L"zwei"}, {L"Cancel", L"zwei"}});
+    WIN32_FIND_DATAW first;
+    FindClose(FindFirstFileW((folder.Path() + L"\\*.vlf").c_str(), &first));
+    const bool isA = std::wstring(first.cFileName) == L"a.vlf";
+    const LiveDialog dialog({.pages = 0, .language = kGerman});
+    EXPECT_EQ(dialog.Main().Text(IDOK), isA ? L"eins" : L"zwei");
+    EXPECT_EQ(dialog.Main().Text(IDCANCEL), isA ? L"Cancel" : L"zwei");
+}
+
+TEST(DialogLanguage, WithoutAConfiguredFolderTheDialogStaysEnglish) {
+    EXPECT_EQ(CaptionIn(kGerman), kEnglishCaption);
+}
+
+TEST(DialogLanguage, AFolderThatIsMissingOrAFileOrEmptyTextStaysEnglish) {
+    const LanguageFolder folder(kEntries);
+    std::string path;
+    for (const wchar_t character : folder.Path()) path += static_cast<char>(character);
+    for (const std::string& wrong : {path + "\\missing", path + "\\language.vlf", std::string()}) {
+        const ConfiguredLanguageFolder configured(wrong);
+        EXPECT_EQ(CaptionIn(kGerman), kEnglishCaption) << wrong;
+    }
+}
+
+TEST(DialogLanguage, AFolderTextOf260BytesOrMoreStaysEnglish) {
+    const LanguageFolder folder(kEntries);
+    std::string path;
+    for (const wchar_t character : folder.Path()) path += static_cast<char>(character);
+    // A path that the file system would follow, were it short enough: "." components mean nothing.
+    for (const size_t length : {258U, 259U, 260U, 5000U}) {
+        std::string padded = path;
+        while (padded.size() + 2 <= length) padded += "\\.";
+        padded.resize(length, '\\');
+        const ConfiguredLanguageFolder configured(padded);
+        const LiveDialog dialog({.pages = 0, .language = kGerman});
+        EXPECT_EQ(dialog.Main().Text(), kEnglishCaption) << length;
+    }
+}
+
+TEST(DialogLanguage, FilesThatCannotBeReadAreSkipped) {
+    const LanguageFolder folder(kEntries);
+    CreateDirectoryW((folder.Path() + L"\\a.vlf").c_str(), nullptr);
+    const HANDLE locked = CreateFileW((folder.Path() + L"\\0.vlf").c_str(), GENERIC_WRITE, 0, nullptr,
+                                      CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    EXPECT_EQ(CaptionIn(kGerman), L"Druckeinstellungen");
+    CloseHandle(locked);
+    RemoveDirectoryW((folder.Path() + L"\\a.vlf").c_str());
+}
+
+TEST(DialogLanguage, TheCurrentDirectoryIsTheSameAsBefore) {
+    wchar_t before[MAX_PATH];
+    GetCurrentDirectoryW(MAX_PATH, before);
+    LiveDialog dialog({.pages = page_bit::kWatermarks, .language = kGerman});
+    dialog.Ok();
+    wchar_t after[MAX_PATH];
+    GetCurrentDirectoryW(MAX_PATH, after);
+    EXPECT_STREQ(before, after);
+}
+
+}  // namespace
+}  // namespace vmk::test
