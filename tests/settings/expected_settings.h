@@ -10,13 +10,13 @@ namespace vmk {
 
 struct ExpectedSetting {
     constexpr ExpectedSetting(PageSet settingGroup, const char* settingName, std::int32_t defaultNumber)
-        : group(settingGroup), name(settingName), number(defaultNumber) {}
+        : group(settingGroup), number(defaultNumber), name(settingName) {}
     constexpr ExpectedSetting(PageSet settingGroup, const char* settingName, const wchar_t* defaultText)
         : group(settingGroup), name(settingName), text(defaultText) {}
 
     PageSet group;
+    std::int32_t number = 0;  // default as it is stored, of a number
     const char* name;
-    std::int32_t number = 0;        // default as it is stored, of a number
     const wchar_t* text = nullptr;  // the same of a text; null for a number
 };
 

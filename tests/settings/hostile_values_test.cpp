@@ -88,7 +88,7 @@ struct Oracle {
     }
 
     static std::wstring Text(const StoredValue& value) {
-        const std::string narrow = value.bytes.c_str();
+        const std::string narrow = value.bytes.substr(0, value.bytes.find('\0'));
         std::wstring wide(narrow.size() + 1, L'\0');
         const int length = MultiByteToWideChar(CP_ACP, 0, narrow.data(), static_cast<int>(narrow.size()),
                                                wide.data(), static_cast<int>(wide.size()));

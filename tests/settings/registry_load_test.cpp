@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 
 #include "settings/load_defaults.h"
@@ -14,7 +15,7 @@
 namespace vmk {
 namespace {
 
-constexpr std::size_t kMebibyte = 1024 * 1024;
+constexpr std::size_t kMebibyte = 0x100000;
 
 class LoadNumber : public ScratchKeyTest {
   protected:
@@ -50,7 +51,8 @@ TEST_F(LoadNumber, FlagKeepsAnyNumberAsItWasStored) {
 
 TEST_F(LoadNumber, TypeOfTheValueDoesNotMatter) {
     const std::string bytes("\x04\x03\x02\x01", 4);
-    for (const DWORD type : {REG_NONE, REG_BINARY, REG_DWORD, REG_DWORD_BIG_ENDIAN, REG_QWORD, 0x1234}) {
+    for (const DWORD type : std::initializer_list<DWORD>{REG_NONE, REG_BINARY, REG_DWORD,
+                                                         REG_DWORD_BIG_ENDIAN, REG_QWORD, 0x1234}) {
         SetValue(Key(), kName, type, bytes);
         EXPECT_EQ(Load(), 0x01020304) << "type " << type;
     }
@@ -81,8 +83,8 @@ TEST_F(LoadNumber, TextOfUpToFourBytesIsReadRaw) {
 }
 
 TEST_F(LoadNumber, ValueOfMoreThanFourBytesGivesTheDefault) {
-    for (const DWORD type :
-         {REG_NONE, REG_SZ, REG_BINARY, REG_DWORD, REG_QWORD, REG_MULTI_SZ, REG_EXPAND_SZ}) {
+    for (const DWORD type : std::initializer_list<DWORD>{REG_NONE, REG_SZ, REG_BINARY, REG_DWORD, REG_QWORD,
+                                                         REG_MULTI_SZ, REG_EXPAND_SZ}) {
         SetValue(Key(), kName, type, std::string("\1\1\1\1\0", 5));
         EXPECT_EQ(Load(), kDefault) << "type " << type;
         SetValue(Key(), kName, type, std::string(8, '1'));
@@ -141,8 +143,9 @@ TEST_F(LoadText, TextEndsAtTheFirstZero) {
 }
 
 TEST_F(LoadText, TypeOfTheValueDoesNotMatter) {
-    for (const DWORD type : {REG_NONE, REG_SZ, REG_EXPAND_SZ, REG_BINARY, REG_DWORD, REG_DWORD_BIG_ENDIAN,
-                             REG_MULTI_SZ, REG_QWORD, 0x1234}) {
+    for (const DWORD type :
+         std::initializer_list<DWORD>{REG_NONE, REG_SZ, REG_EXPAND_SZ, REG_BINARY, REG_DWORD,
+                                      REG_DWORD_BIG_ENDIAN, REG_MULTI_SZ, REG_QWORD, 0x1234}) {
         SetValue(Key(), kName, type, "%f");
         EXPECT_EQ(Load(), L"%f") << "type " << type;
     }
@@ -170,7 +173,7 @@ TEST_F(LoadText, TextsOfAnyLengthAreReadWhole) {
         SetValue(Key(), kName, REG_BINARY, std::string(length, 'z'));
         EXPECT_EQ(Load(), std::wstring(length, L'z'));
     }
-    for (const DWORD type : {REG_SZ, REG_BINARY, REG_MULTI_SZ}) {
+    for (const DWORD type : std::initializer_list<DWORD>{REG_SZ, REG_BINARY, REG_MULTI_SZ}) {
         SetValue(Key(), kName, type, std::string(kMebibyte, 'x'));
         EXPECT_EQ(Load(), std::wstring(kMebibyte, L'x')) << "type " << type;
     }
@@ -241,8 +244,8 @@ TEST_F(LoadRunApplication, PathOfAMebibyteIsReadWhole) {
 }
 
 TEST_F(LoadRunApplication, AnyOtherTypeLeavesAllThreePartsAlone) {
-    for (const DWORD type :
-         {REG_NONE, REG_EXPAND_SZ, REG_BINARY, REG_DWORD_BIG_ENDIAN, REG_MULTI_SZ, REG_QWORD}) {
+    for (const DWORD type : std::initializer_list<DWORD>{REG_NONE, REG_EXPAND_SZ, REG_BINARY,
+                                                         REG_DWORD_BIG_ENDIAN, REG_MULTI_SZ, REG_QWORD}) {
         SetValue(Key(), kName, type, std::string("\1\0\0\0", 4));
         EXPECT_EQ(Load(), kBefore) << "type " << type;
     }

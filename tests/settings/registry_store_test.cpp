@@ -12,7 +12,7 @@
 namespace vmk {
 namespace {
 
-constexpr std::size_t kMebibyte = 1024 * 1024;
+constexpr std::size_t kMebibyte = 0x100000;
 
 class StoreGroupsTest : public ScratchKeyTest {};
 
