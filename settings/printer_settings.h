@@ -26,6 +26,10 @@ struct SwapToDisk {
 // (fields.h pairs the two); its initialiser is the one place of its default. Flags are 0 or 1 but keep
 // whatever number was stored; the meaning of each choice value is the item table of the page that shows it.
 struct PrinterSettings {
+    // Declared, so that PrinterSettings{} is no aggregate initialisation: GCC 12 spells that out member by
+    // member and warns of members that a throw on the way would leave uninitialised.
+    PrinterSettings() = default;
+
     struct PaperGroup {
         std::int32_t Nup = 1;       // choice: pages per sheet
         std::int32_t NupOrder = 0;  // choice; which order a number means depends on Nup

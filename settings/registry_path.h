@@ -4,6 +4,6 @@ namespace vmk {
 
 // The key of the settings under HKEY_CURRENT_USER, and of the installation (folder of the language files)
 // under HKEY_LOCAL_MACHINE. A sub-key's name is appended as it is.
-inline constexpr char kRegistryRoot[] = "SOFTWARE\\Orrin Systems\\vmkctrl.PdfPrinterPreferences\\";
+inline constexpr char kRegistryRoot[] = R"(SOFTWARE\Orrin Systems\vmkctrl.PdfPrinterPreferences\)";
 
 }  // namespace vmk

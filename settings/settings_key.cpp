@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kNoSubKeyFrom = 0x40000000;  // characters
 constexpr std::size_t kLongestName = 255;          // characters between two backslashes: the registry's limit
-constexpr std::size_t kLongestSubKey = 16 * 1024;  // the registry counts a path's bytes in 16 bits
+constexpr std::size_t kLongestSubKey = 16384;      // the registry counts a path's bytes in 16 bits
 
 // Whether the registry can have a key of this name. It is asked before anything is created: a path is made
 // name by name, and those in front of a name that is refused would stay behind.
