@@ -1,0 +1,113 @@
+#include "language/language_table.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vmk {
+namespace {
+
+std::wstring Translated(const LanguageTable& table, std::wstring_view source) {
+    return std::wstring(table.Find(source).value_or(L"<none>"));
+}
+
+TEST(LanguageTable, EmptyTableFindsNothing) {
+    const LanguageTable table;
+    EXPECT_TRUE(table.empty());
+    EXPECT_FALSE(table.Find(L""));
+    EXPECT_FALSE(table.Find(L"OK"));
+}
+
+TEST(LanguageTable, TextsAreFoundWhateverTheirOrder) {
+    const std::vector<LanguageEntry> entries = {{L"b", L"2"}, {L"ab", L"3"}, {L"a", L"1"}, {L"abc", L"4"}};
+    const LanguageTable table(entries);
+    EXPECT_EQ(table.size(), 4U);
+    for (const LanguageEntry& entry : entries) EXPECT_EQ(table.Find(entry.source), entry.translation);
+}
+
+TEST(LanguageTable, FirstOfSeveralEntriesWithOneSourceCounts) {
+    const std::vector<LanguageEntry> entries = {
+        {L"b", L"1"}, {L"a", L"2"}, {L"b", L"3"}, {L"b", L"4"}, {L"a", L"5"}};
+    const LanguageTable table(entries);
+    EXPECT_EQ(table.size(), 2U);
+    EXPECT_EQ(Translated(table, L"a"), L"2");
+    EXPECT_EQ(Translated(table, L"b"), L"1");
+}
+
+TEST(LanguageTable, OnlyTheWholeTextInItsCaseIsFound) {
+    const std::vector<LanguageEntry> entries = {{L"None ", L"Keine"}, {L"Stra\u00DFe", L"street"}};
+    const LanguageTable table(entries);
+    EXPECT_EQ(Translated(table, L"None "), L"Keine");
+    for (const wchar_t* other :
+         {L"None", L"none ", L"NONE ", L"None  ", L" None ", L"N", L"Strasse", L"STRASSE", L""})
+        EXPECT_EQ(Translated(table, other), L"<none>");
+}
+
+TEST(LanguageTable, TextsThatALocaleTakesForEqualAreDifferent) {
+    // The two spellings of an umlaut, a soft hyphen, a zero-width joiner, half and full width.
+    const std::vector<LanguageEntry> entries = {
+        {L"\u00E4", L"1"},     {L"a\u0308", L"2"},    {L"co-op", L"3"},  {L"coop", L"4"},
+        {L"co\u00ADop", L"5"}, {L"co\u200Dop", L"6"}, {L"\uFF21", L"7"}, {L"A", L"8"}};
+    const LanguageTable table(entries);
+    EXPECT_EQ(table.size(), entries.size());
+    for (const LanguageEntry& entry : entries) EXPECT_EQ(table.Find(entry.source), entry.translation);
+}
+
+TEST(LanguageTable, TextsBeyondAsciiAreFound) {
+    const std::vector<LanguageEntry> entries = {{L"\xFFFF", L"1"}, {L"\xD800", L"2"},       {L"\x7FFF", L"3"},
+                                                {L"\x8000", L"4"}, {L"\xD83D\xDE00", L"5"}, {L"z", L"6"}};
+    const LanguageTable table(entries);
+    for (const LanguageEntry& entry : entries) EXPECT_EQ(table.Find(entry.source), entry.translation);
+}
+
+TEST(LanguageTable, EmptyTranslationIsATranslation) {
+    const std::vector<LanguageEntry> entries = {{L"a", L""}};
+    EXPECT_EQ(LanguageTable(entries).Find(L"a"), L"");
+}
+
+TEST(LanguageTable, TextWithAZeroInItIsNotFoundByItsBeginning) {
+    const std::vector<LanguageEntry> entries = {{L"a", L"1"}};
+    EXPECT_FALSE(LanguageTable(entries).Find(std::wstring_view(L"a\0b", 3)));
+    EXPECT_FALSE(LanguageTable(entries).Find(std::wstring_view(L"a\0", 2)));
+}
+
+TEST(LanguageTable, OutlivesTheEntriesAndAMove) {
+    std::wstring source = L"source";
+    std::wstring translation = L"translation";
+    const LanguageEntry entry{source, translation};
+    LanguageTable first(std::span(&entry, 1));
+    std::fill(source.begin(), source.end(), L'x');
+    std::fill(translation.begin(), translation.end(), L'x');
+    const LanguageTable table = std::move(first);
+    EXPECT_EQ(Translated(table, L"source"), L"translation");
+}
+
+TEST(LanguageTable, AgreesWithAMapOnManyTextsThatShareTheirBeginnings) {
+    std::mt19937 random(1);  // NOLINT(cert-msc51-cpp): the same texts each time
+    std::vector<std::pair<std::wstring, std::wstring>> texts;
+    for (int i = 0; i < 20000; ++i) {
+        std::wstring source;
+        for (auto length = random() % 12 + 1; length > 0; --length) source += L"ab\xFFFF"[random() % 3];
+        texts.emplace_back(source, std::to_wstring(i));
+    }
+    std::vector<LanguageEntry> entries;
+    std::map<std::wstring_view, std::wstring_view> expected;
+    for (const auto& [source, translation] : texts) {
+        entries.push_back({source, translation});
+        expected.emplace(source, translation);  // keeps the first
+    }
+    const LanguageTable table(entries);
+    ASSERT_EQ(table.size(), expected.size());
+    for (const auto& [source, translation] : expected) {
+        EXPECT_EQ(table.Find(source), translation);
+        EXPECT_EQ(table.Find(std::wstring(source) + L'c').has_value(), false);
+    }
+}
+
+}  // namespace
+}  // namespace vmk

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace vmk {
+
+/// The text's code units as a file's bytes, low byte first, without a byte-order mark.
+inline std::vector<std::byte> Utf16Bytes(std::wstring_view text) {
+    std::vector<std::byte> bytes;
+    bytes.reserve(text.size() * 2);
+    for (const wchar_t unit : text) {
+        bytes.push_back(static_cast<std::byte>(static_cast<unsigned>(unit) & 0xFF));
+        bytes.push_back(static_cast<std::byte>(static_cast<unsigned>(unit) >> 8 & 0xFF));
+    }
+    return bytes;
+}
+
+/// A language file's bytes: the byte-order mark and the text.
+inline std::vector<std::byte> LanguageFileBytes(std::wstring_view text) {
+    std::vector<std::byte> bytes{std::byte{0xFF}, std::byte{0xFE}};
+    const std::vector<std::byte> units = Utf16Bytes(text);
+    bytes.insert(bytes.end(), units.begin(), units.end());
+    return bytes;
+}
+
+}  // namespace vmk
