@@ -105,7 +105,7 @@ int Run() {
         std::fputs("cannot create the benchmark's key\n", stderr);
         return 1;
     }
-    const HKEY open = key.get();
+    HKEY open = key.get();
     PrinterSettings settings = UsualSettings();
     StoreGroups(open, page_bit::kAllPages, settings);
     const std::vector<Value> values = ReadValues(open);

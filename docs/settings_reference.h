@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "docs/setting_descriptions.h"
+
+namespace vmk::docs {
+
+// The row of a stored name; null when there is none.
+const SettingDescription* FindDescription(std::string_view name);
+
+// The settings reference (settings.md): names, kinds and defaults from the field lists, the rest from the
+// descriptions. Throws std::logic_error for a name without a description.
+std::string SettingsReference();
+
+}  // namespace vmk::docs
