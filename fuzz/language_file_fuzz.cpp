@@ -120,10 +120,10 @@ void ReadEntry(std::wstring line, Texts& entries) {
     entries.emplace_back(source, TakeText(line));
 }
 
-void CheckTable(const LanguageFile& file) {
-    const LanguageTable table(file.entries);
+void CheckTable(LanguageFile file) {
     std::map<std::wstring_view, std::wstring_view> expected;
     for (const LanguageEntry& entry : file.entries) expected.emplace(entry.source, entry.translation);
+    const LanguageTable table(std::move(file));
 
     Require(table.size() == expected.size());
     for (const auto& [source, translation] : expected) {
@@ -136,7 +136,7 @@ void CheckTable(const LanguageFile& file) {
 
 void CheckFile(std::span<const std::byte> bytes) {
     const std::optional<std::wstring> text = TextOf(bytes);
-    const std::optional<LanguageFile> file = ReadLanguageFile(bytes);
+    std::optional<LanguageFile> file = ReadLanguageFile(bytes);
     const std::optional<LanguageHeader> headerOnly = ReadLanguageHeader(bytes);
     Require(file.has_value() == text.has_value() && headerOnly.has_value() == text.has_value());
     if (!text) return;
@@ -153,7 +153,7 @@ void CheckFile(std::span<const std::byte> bytes) {
                        [](const auto& a, const LanguageEntry& b) {
                            return a.first == b.source && a.second == b.translation;
                        }));
-    CheckTable(*file);
+    CheckTable(std::move(*file));
 }
 
 }  // namespace

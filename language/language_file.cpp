@@ -2,13 +2,39 @@
 
 #include <algorithm>
 #include <array>
-#include <cwchar>
 #include <utility>
 
 namespace vmk {
 namespace {
 
-// The functions below walk through text that ends with a zero, so each scan stops by itself.
+/// Text as it lies in a file, in pairs of bytes with the low byte first, taken unit by unit from its
+/// beginning.
+class Units {
+  public:
+    explicit Units(std::span<const std::byte> bytes)
+        : m_at(bytes.data()), m_end(m_at + bytes.size() / 2 * 2) {}
+
+    /// The next unit, zero at the end.
+    wchar_t Peek() const {
+        if (m_at == m_end) return L'\0';
+        return static_cast<wchar_t>(std::to_integer<unsigned>(m_at[0]) | std::to_integer<unsigned>(m_at[1])
+                                                                             << 8);
+    }
+    /// Not to be called at the end.
+    void Drop() { m_at += 2; }
+
+    std::size_t size() const { return static_cast<std::size_t>(m_end - m_at) / 2; }
+    /// The part that `rest`, a later state of this text, has left behind.
+    Units Before(const Units& rest) const {
+        Units part = *this;
+        part.m_end = rest.m_at;
+        return part;
+    }
+
+  private:
+    const std::byte* m_at;
+    const std::byte* m_end;
+};
 
 bool IsBlank(wchar_t unit) {
     return unit == L' ' || unit == L'\t';
@@ -17,39 +43,36 @@ bool EndsLine(wchar_t unit) {
     return unit == L'\r' || unit == L'\n' || unit == L'\0';
 }
 
-wchar_t* SkipBlanks(wchar_t* at) {
-    while (IsBlank(*at)) ++at;
-    return at;
+void SkipBlanks(Units& text) {
+    while (IsBlank(text.Peek())) text.Drop();
 }
 
-wchar_t* FindLineEnd(wchar_t* at) {
-    while (!EndsLine(*at)) ++at;
-    return at;
+void SkipLine(Units& text) {
+    while (!EndsLine(text.Peek())) text.Drop();
 }
 
-/// Where the line's content ends: at its end or at a comment. A quote behind a backslash never closes a text
-/// here, even if the backslash is an escaped one.
-wchar_t* FindContentEnd(wchar_t* at) {
+/// Takes the line up to its end or to a comment. A quote behind a backslash never closes a text here, even if
+/// the backslash is an escaped one.
+Units TakeContent(Units& text) {
+    const Units line = text;
     bool quoted = false;
-    for (; !EndsLine(*at); ++at) {
-        if (*at == L';' && !quoted) break;
-        if (*at == L'"' && !(quoted && at[-1] == L'\\')) quoted = !quoted;
+    for (wchar_t last = L'\0', unit = L'\0'; unit = text.Peek(), !EndsLine(unit); last = unit, text.Drop()) {
+        if (unit == L';' && !quoted) break;
+        if (unit == L'"' && !(quoted && last == L'\\')) quoted = !quoted;
     }
-    return at;
+    return line.Before(text);
 }
 
-/// The file's text behind the byte-order mark, with a zero at its end; null when there is no such mark.
-std::unique_ptr<wchar_t[]> Decode(std::span<const std::byte> file) {
-    if (file.size() < 2 || file[0] != std::byte{0xFF} || file[1] != std::byte{0xFE}) return nullptr;
-    const std::size_t length = file.size() / 2 - 1;
-    auto text = std::make_unique_for_overwrite<wchar_t[]>(length + 1);
-    for (std::size_t i = 0; i < length; ++i) {
-        const std::byte* pair = &file[2 * i + 2];
-        text[i] = static_cast<wchar_t>(std::to_integer<unsigned>(pair[0]) | std::to_integer<unsigned>(pair[1])
-                                                                                << 8);
-    }
-    text[length] = L'\0';
-    return text;
+/// The text behind the byte-order mark; nothing without that mark.
+std::optional<Units> TextOf(std::span<const std::byte> file) {
+    if (file.size() < 2 || file[0] != std::byte{0xFF} || file[1] != std::byte{0xFE}) return {};
+    return Units(file.subspan(2));
+}
+
+std::wstring TakeWhile(Units& text, auto&& belongs) {
+    std::wstring taken;
+    for (wchar_t unit = L'\0'; unit = text.Peek(), unit != L'\0' && belongs(unit); text.Drop()) taken += unit;
+    return taken;
 }
 
 bool EqualsIgnoringCase(std::wstring_view text, std::wstring_view lowerCase) {
@@ -88,17 +111,16 @@ constexpr std::array kHeaderTexts = {
     HeaderText{L"tipsfile", &LanguageHeader::tipsfile},
 };
 
-/// Reads a line `key = value`; the value is one word.
-void ReadHeaderLine(wchar_t* at, LanguageHeader& header) {
-    wchar_t* const keyBegin = at;
-    while (*at != L' ' && *at != L'=' && *at != L'\0') ++at;
-    const std::wstring_view key(keyBegin, at);
-    at = SkipBlanks(at);
-    if (*at != L'=') return;
-
-    wchar_t* const valueBegin = SkipBlanks(at + 1);
-    for (at = valueBegin; !IsBlank(*at) && *at != L'\0';) ++at;
-    std::wstring_view value(valueBegin, at);
+/// Reads `$key = value`; the value is one word.
+void ReadHeaderLine(Units line, LanguageHeader& header) {
+    line.Drop();
+    const std::wstring key = TakeWhile(line, [](wchar_t unit) { return unit != L' ' && unit != L'='; });
+    SkipBlanks(line);
+    if (line.Peek() != L'=') return;
+    line.Drop();
+    SkipBlanks(line);
+    const std::wstring word = TakeWhile(line, [](wchar_t unit) { return !IsBlank(unit); });
+    std::wstring_view value = word;
     if (value.starts_with(L'"')) value.remove_prefix(1);
     if (value.ends_with(L'"')) value.remove_suffix(1);
 
@@ -120,73 +142,84 @@ wchar_t Unescape(wchar_t unit) {
     }
 }
 
-/// Takes a text that starts behind its opening quote and leaves `at` behind the closing one, or at the end of
-/// the line when that is missing. The text is unescaped where it lies: it only gets shorter.
-std::wstring_view TakeQuoted(wchar_t*& at) {
-    wchar_t* const begin = at;
-    wchar_t* end = begin;
-    for (; *at != L'"' && *at != L'\0'; ++at) {
-        wchar_t unit = *at;
-        if (unit == L'\\') {
-            if (*++at == L'\0') break;
-            unit = Unescape(*at);
+/// The texts of a file's entries, one behind the other.
+class TextPool {
+  public:
+    /// Room for texts of this length in all.
+    explicit TextPool(std::size_t length)
+        : m_texts(std::make_unique_for_overwrite<wchar_t[]>(length)), m_end(m_texts.get()) {}
+
+    /// Takes a text with its quotes, of which the closing one may be missing, and keeps it unescaped.
+    std::wstring_view TakeQuoted(Units& line) {
+        line.Drop();
+        wchar_t* const begin = m_end;
+        wchar_t unit = L'\0';
+        for (; unit = line.Peek(), unit != L'"' && unit != L'\0'; line.Drop()) {
+            if (unit == L'\\') {
+                line.Drop();
+                if (line.Peek() == L'\0') break;
+                unit = Unescape(line.Peek());
+            }
+            *m_end++ = unit;
         }
-        *end++ = unit;
+        if (unit == L'"') line.Drop();
+        return {begin, m_end};
     }
-    if (*at == L'"') ++at;
-    return {begin, end};
+
+    std::unique_ptr<wchar_t[]> Release() { return std::move(m_texts); }
+
+  private:
+    std::unique_ptr<wchar_t[]> m_texts;
+    wchar_t* m_end;
+};
+
+/// Reads `"source" = "translation"`.
+void ReadEntryLine(Units line, TextPool& pool, std::vector<LanguageEntry>& entries) {
+    const std::wstring_view source = pool.TakeQuoted(line);
+    SkipBlanks(line);
+    if (source.empty() || line.Peek() != L'=') return;
+    line.Drop();
+    SkipBlanks(line);
+    if (line.Peek() != L'"') return;
+    entries.push_back({.source = source, .translation = pool.TakeQuoted(line)});
 }
 
-/// Reads a line `source" = "translation"`.
-void ReadEntryLine(wchar_t* at, std::vector<LanguageEntry>& entries) {
-    const std::wstring_view source = TakeQuoted(at);
-    at = SkipBlanks(at);
-    if (source.empty() || *at != L'=') return;
-    at = SkipBlanks(at + 1);
-    if (*at != L'"') return;
-    entries.push_back({.source = source, .translation = TakeQuoted(++at)});
-}
-
-/// Reads all lines; the entries only when they are wanted.
-void ReadLines(wchar_t* at, LanguageHeader& header, std::vector<LanguageEntry>* entries) {
-    for (;;) {
-        while (IsBlank(*at) || *at == L'\r' || *at == L'\n') ++at;
-        if (*at == L'\0') return;
-
-        const bool isHeader = *at == L'$';
-        if (!isHeader && !(*at == L'"' && entries)) {
-            at = FindLineEnd(at);
-            continue;
+/// Reads the header lines; `readEntry` gets the text when a line with an entry comes next, and may take it.
+void ReadLines(Units text, LanguageHeader& header, auto&& readEntry) {
+    for (;; SkipLine(text)) {
+        while (IsBlank(text.Peek()) || text.Peek() == L'\r' || text.Peek() == L'\n') text.Drop();
+        switch (text.Peek()) {
+            case L'\0':
+                return;
+            case L'$':
+                ReadHeaderLine(TakeContent(text), header);
+                break;
+            case L'"':
+                readEntry(text);
+                break;
+            default:
+                break;
         }
-        wchar_t* const contentEnd = FindContentEnd(at);
-        wchar_t* const lineEnd = FindLineEnd(contentEnd);
-        const bool isLast = *lineEnd == L'\0';
-        *contentEnd = L'\0';
-        if (isHeader)
-            ReadHeaderLine(at + 1, header);
-        else
-            ReadEntryLine(at + 1, *entries);
-        if (isLast) return;
-        at = lineEnd + 1;
     }
 }
 
 }  // namespace
 
 std::optional<LanguageHeader> ReadLanguageHeader(std::span<const std::byte> file) {
-    const auto text = Decode(file);
+    const auto text = TextOf(file);
     if (!text) return {};
     LanguageHeader header;
-    ReadLines(text.get(), header, nullptr);
+    ReadLines(*text, header, [](Units&) {});
     return header;
 }
 
 std::optional<LanguageFile> ReadLanguageFile(std::span<const std::byte> file) {
-    auto text = Decode(file);
+    const auto text = TextOf(file);
     if (!text) return {};
     LanguageFile result;
-    ReadLines(text.get(), result.header, &result.entries);
-    result.text = std::move(text);
+    TextPool pool(text->size());
+    ReadLines(*text, result.header, [&](Units& at) { ReadEntryLine(TakeContent(at), pool, result.entries); });
+    result.texts = pool.Release();
     return result;
 }
 

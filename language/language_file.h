@@ -37,7 +37,7 @@ struct LanguageEntry {
 struct LanguageFile {
     LanguageHeader header;
     std::vector<LanguageEntry> entries;  ///< in the order of the file, repeated sources included
-    std::unique_ptr<wchar_t[]> text;     ///< what the entries point into
+    std::unique_ptr<wchar_t[]> texts;    ///< what the entries point into
 };
 
 /// Reads the header lines of a file's bytes and passes over its entries.

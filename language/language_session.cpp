@@ -124,8 +124,8 @@ bool LanguageSession::SelectLanguage(std::uint32_t langid) {
     if (m_current >= 0) m_languages[static_cast<std::size_t>(m_current)].table = {};
     m_current = index;
     try {
-        if (const auto file = ReadLanguageFile(ReadBytes(record->file)))
-            record->table = LanguageTable(file->entries);
+        if (auto file = ReadLanguageFile(ReadBytes(record->file)))
+            record->table = LanguageTable(std::move(*file));
     } catch (const std::bad_alloc&) {
         // The language is selected without translations, as when its file has vanished meanwhile.
     }

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string_view>
 #include <vector>
 
@@ -17,8 +16,8 @@ class LanguageTable {
   public:
     LanguageTable() = default;
 
-    /// Copies the entries' texts. Of entries with the same source the first one counts.
-    explicit LanguageTable(std::span<const LanguageEntry> entries);
+    /// Takes over the file's entries. Of entries with the same source the first one counts.
+    explicit LanguageTable(LanguageFile file);
 
     /// The translation of exactly this text, which lives as long as the table.
     std::optional<std::wstring_view> Find(std::wstring_view source) const;
@@ -27,8 +26,8 @@ class LanguageTable {
     bool empty() const { return m_rows.empty(); }
 
   private:
-    std::unique_ptr<wchar_t[]> m_texts;
-    std::vector<LanguageEntry> m_rows;  // sorted by source, pointing into m_texts
+    std::vector<LanguageEntry> m_rows;   // sorted by source
+    std::unique_ptr<wchar_t[]> m_texts;  // what the rows point into
 };
 
 }  // namespace vmk

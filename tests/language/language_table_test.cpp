@@ -9,8 +9,17 @@
 #include <utility>
 #include <vector>
 
+#include "tests/language/utf16_bytes.h"
+
 namespace vmk {
 namespace {
+
+/// A table of texts that live elsewhere.
+LanguageTable TableOf(const std::vector<LanguageEntry>& entries) {
+    LanguageFile file;
+    file.entries = entries;
+    return LanguageTable(std::move(file));
+}
 
 std::wstring Translated(const LanguageTable& table, std::wstring_view source) {
     return std::wstring(table.Find(source).value_or(L"<none>"));
@@ -25,7 +34,7 @@ TEST(LanguageTable, EmptyTableFindsNothing) {
 
 TEST(LanguageTable, TextsAreFoundWhateverTheirOrder) {
     const std::vector<LanguageEntry> entries = {{L"b", L"2"}, {L"ab", L"3"}, {L"a", L"1"}, {L"abc", L"4"}};
-    const LanguageTable table(entries);
+    const LanguageTable table = TableOf(entries);
     EXPECT_EQ(table.size(), 4U);
     for (const LanguageEntry& entry : entries) EXPECT_EQ(table.Find(entry.source), entry.translation);
 }
@@ -33,7 +42,7 @@ TEST(LanguageTable, TextsAreFoundWhateverTheirOrder) {
 TEST(LanguageTable, FirstOfSeveralEntriesWithOneSourceCounts) {
     const std::vector<LanguageEntry> entries = {
         {L"b", L"1"}, {L"a", L"2"}, {L"b", L"3"}, {L"b", L"4"}, {L"a", L"5"}};
-    const LanguageTable table(entries);
+    const LanguageTable table = TableOf(entries);
     EXPECT_EQ(table.size(), 2U);
     EXPECT_EQ(Translated(table, L"a"), L"2");
     EXPECT_EQ(Translated(table, L"b"), L"1");
@@ -41,7 +50,7 @@ TEST(LanguageTable, FirstOfSeveralEntriesWithOneSourceCounts) {
 
 TEST(LanguageTable, OnlyTheWholeTextInItsCaseIsFound) {
     const std::vector<LanguageEntry> entries = {{L"None ", L"Keine"}, {L"Stra\u00DFe", L"street"}};
-    const LanguageTable table(entries);
+    const LanguageTable table = TableOf(entries);
     EXPECT_EQ(Translated(table, L"None "), L"Keine");
     for (const wchar_t* other :
          {L"None", L"none ", L"NONE ", L"None  ", L" None ", L"N", L"Strasse", L"STRASSE", L""})
@@ -53,7 +62,7 @@ TEST(LanguageTable, TextsThatALocaleTakesForEqualAreDifferent) {
     const std::vector<LanguageEntry> entries = {
         {L"\u00E4", L"1"},     {L"a\u0308", L"2"},    {L"co-op", L"3"},  {L"coop", L"4"},
         {L"co\u00ADop", L"5"}, {L"co\u200Dop", L"6"}, {L"\uFF21", L"7"}, {L"A", L"8"}};
-    const LanguageTable table(entries);
+    const LanguageTable table = TableOf(entries);
     EXPECT_EQ(table.size(), entries.size());
     for (const LanguageEntry& entry : entries) EXPECT_EQ(table.Find(entry.source), entry.translation);
 }
@@ -61,30 +70,29 @@ TEST(LanguageTable, TextsThatALocaleTakesForEqualAreDifferent) {
 TEST(LanguageTable, TextsBeyondAsciiAreFound) {
     const std::vector<LanguageEntry> entries = {{L"\xFFFF", L"1"}, {L"\xD800", L"2"},       {L"\x7FFF", L"3"},
                                                 {L"\x8000", L"4"}, {L"\xD83D\xDE00", L"5"}, {L"z", L"6"}};
-    const LanguageTable table(entries);
+    const LanguageTable table = TableOf(entries);
     for (const LanguageEntry& entry : entries) EXPECT_EQ(table.Find(entry.source), entry.translation);
 }
 
 TEST(LanguageTable, EmptyTranslationIsATranslation) {
     const std::vector<LanguageEntry> entries = {{L"a", L""}};
-    EXPECT_EQ(LanguageTable(entries).Find(L"a"), L"");
+    EXPECT_EQ(TableOf(entries).Find(L"a"), L"");
 }
 
 TEST(LanguageTable, TextWithAZeroInItIsNotFoundByItsBeginning) {
     const std::vector<LanguageEntry> entries = {{L"a", L"1"}};
-    EXPECT_FALSE(LanguageTable(entries).Find(std::wstring_view(L"a\0b", 3)));
-    EXPECT_FALSE(LanguageTable(entries).Find(std::wstring_view(L"a\0", 2)));
+    EXPECT_FALSE(TableOf(entries).Find(std::wstring_view(L"a\0b", 3)));
+    EXPECT_FALSE(TableOf(entries).Find(std::wstring_view(L"a\0", 2)));
 }
 
-TEST(LanguageTable, OutlivesTheEntriesAndAMove) {
-    std::wstring source = L"source";
-    std::wstring translation = L"translation";
-    const LanguageEntry entry{source, translation};
-    LanguageTable first(std::span(&entry, 1));
-    std::fill(source.begin(), source.end(), L'x');
-    std::fill(translation.begin(), translation.end(), L'x');
+TEST(LanguageTable, KeepsTheTextsOfItsFileThroughAMove) {
+    auto file = ReadLanguageFile(LanguageFileBytes(L"\"b\" = \"1\"\r\n\"a\" = \"2\""));
+    ASSERT_TRUE(file);
+    LanguageTable first(std::move(*file));
+    file.reset();
     const LanguageTable table = std::move(first);
-    EXPECT_EQ(Translated(table, L"source"), L"translation");
+    EXPECT_EQ(Translated(table, L"a"), L"2");
+    EXPECT_EQ(Translated(table, L"b"), L"1");
 }
 
 TEST(LanguageTable, AgreesWithAMapOnManyTextsThatShareTheirBeginnings) {
@@ -101,7 +109,7 @@ TEST(LanguageTable, AgreesWithAMapOnManyTextsThatShareTheirBeginnings) {
         entries.push_back({source, translation});
         expected.emplace(source, translation);  // keeps the first
     }
-    const LanguageTable table(entries);
+    const LanguageTable table = TableOf(entries);
     ASSERT_EQ(table.size(), expected.size());
     for (const auto& [source, translation] : expected) {
         EXPECT_EQ(table.Find(source), translation);
