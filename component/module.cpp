@@ -1,6 +1,12 @@
 #include "component/module.h"
 
+#include "component/exception_reserve.h"
+
 namespace vmk {
+
+CvmkctrlModule::~CvmkctrlModule() {
+    ReleaseExceptionReserve();
+}
 
 HRESULT CvmkctrlModule::GetRegistrar(IRegistrar** registrar) noexcept {
     if (!registrar) return E_POINTER;

@@ -14,6 +14,8 @@ inline constexpr wchar_t kAppId[] = L"{AA78F3FC-E173-4199-8320-1B972FB8A3C1}";
 // The DLL's module object: adds the registrar to the lock count and the instance of its base.
 class CvmkctrlModule final : public Module {
   public:
+    ~CvmkctrlModule() override;
+
     // The registrar, created on first use on a thread that has COM; the caller releases *registrar. E_POINTER
     // for a null pointer, else what creating it answers.
     virtual HRESULT GetRegistrar(IRegistrar** registrar) noexcept;

@@ -10,6 +10,9 @@
 
 namespace vmk::test {
 
+inline constexpr GUID kTypeLibraryId = {
+    0x6FFF7E87, 0xF6AE, 0x4A4A, {0xA6, 0x55, 0xF7, 0x48, 0x6F, 0x62, 0x1D, 0xA1}};
+
 // The folder of the running test, and the built DLL in the folder above it.
 std::wstring TestFolder();
 std::wstring BuiltModulePath();
