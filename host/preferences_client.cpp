@@ -1,0 +1,162 @@
+#include "host/preferences_client.h"
+
+#include <oleauto.h>
+
+#include <new>
+
+#include "host/failure.h"
+#include "host/stored_settings.h"
+#include "host/text.h"
+
+namespace vmk {
+namespace {
+
+constexpr const wchar_t* kLibraryName = L"vmkctrl.dll";
+
+struct BstrTraits {
+    using Value = BSTR;
+    static constexpr Value None() noexcept { return nullptr; }
+    static void Close(Value value) noexcept { SysFreeString(value); }
+};
+
+UniqueHandle<BstrTraits> Bstr(const std::wstring& text) {
+    UniqueHandle<BstrTraits> bstr(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())));
+    if (!bstr) throw std::bad_alloc();
+    return bstr;
+}
+
+void Check(HRESULT result, const char* what) {
+    if (FAILED(result)) throw Failure(what, result);
+}
+
+PdfPrinterDialogPage AsPages(PageBits bits) {
+    return static_cast<PdfPrinterDialogPage>(bits);
+}
+
+std::wstring PathBesideProgram(const wchar_t* file) {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) {
+            path.resize(length);
+            break;
+        }
+        path.resize(path.size() * 2);
+    }
+    path.resize(path.find_last_of(L'\\') + 1);
+    return path + file;
+}
+
+UniqueLibrary LoadComponent() {
+    const std::wstring path = PathBesideProgram(kLibraryName);
+    UniqueLibrary library(LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    if (!library) {
+        throw Failure(Utf8FromWide(path) + " cannot be loaded", HRESULT_FROM_WIN32(GetLastError()));
+    }
+    return library;
+}
+
+template <typename Function>
+Function* EntryPoint(HMODULE library, const char* name) {
+    const FARPROC address = GetProcAddress(library, name);
+    if (!address) throw Failure(std::string("vmkctrl.dll has no ") + name);
+    // By way of void*: the compiler warns of a cast between function types that have nothing in common.
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(address));
+}
+
+UniqueInterface<IPdfPrinterPreferences> CreateFrom(HMODULE library) {
+    auto* getClassObject = EntryPoint<HRESULT WINAPI(REFCLSID, REFIID, void**)>(library, "DllGetClassObject");
+    UniqueInterface<IClassFactory> factory;
+    Check(getClassObject(__uuidof(PdfPrinterPreferences), IID_IClassFactory,
+                         reinterpret_cast<void**>(factory.put())),
+          "vmkctrl.dll does not offer the preferences component");
+    UniqueInterface<IPdfPrinterPreferences> preferences;
+    Check(factory.get()->CreateInstance(nullptr, __uuidof(IPdfPrinterPreferences),
+                                        reinterpret_cast<void**>(preferences.put())),
+          "the preferences component cannot be created");
+    return preferences;
+}
+
+UniqueInterface<IPdfPrinterPreferences> CreateRegistered() {
+    UniqueInterface<IPdfPrinterPreferences> preferences;
+    Check(CoCreateInstance(__uuidof(PdfPrinterPreferences), nullptr, CLSCTX_INPROC_SERVER,
+                           __uuidof(IPdfPrinterPreferences), reinterpret_cast<void**>(preferences.put())),
+          "the registered preferences component cannot be created");
+    return preferences;
+}
+
+// The component itself is silent about a key that it cannot open.
+void RequireKey(const std::wstring& key) {
+    if (!SettingsKeyIsThere(key)) throw Failure(NameOfSettingsKey(key) + " cannot be opened or created");
+}
+
+void CallEntryPoint(const char* name, const char* what) {
+    const Apartment apartment;
+    const UniqueLibrary library = LoadComponent();
+    Check(EntryPoint<HRESULT WINAPI()>(library.get(), name)(), what);
+}
+
+}  // namespace
+
+Apartment::Apartment() {
+    Check(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE),
+          "COM cannot be started");
+}
+
+Apartment::~Apartment() {
+    CoUninitialize();
+}
+
+PreferencesClient::PreferencesClient(ComponentSource source) {
+    if (source == ComponentSource::Registered) {
+        m_preferences = CreateRegistered();
+        return;
+    }
+    m_library = LoadComponent();
+    m_preferences = CreateFrom(m_library.get());
+}
+
+void PreferencesClient::Load(const std::wstring& key) {
+    Check(m_preferences.get()->InitFromRegistry(AllPages, Bstr(key).get()), "the settings cannot be loaded");
+    RequireKey(key);
+}
+
+void PreferencesClient::Store(PageBits groups, const std::wstring& key) {
+    Check(m_preferences.get()->StoreInRegistry(AsPages(groups), Bstr(key).get()),
+          "the settings cannot be stored");
+    RequireKey(key);
+}
+
+void PreferencesClient::UseDefaults(PageBits groups) {
+    Check(m_preferences.get()->UseDefaultValues(AsPages(groups)), "the settings cannot be reset");
+}
+
+void PreferencesClient::EnablePages(PageBits pages) {
+    Check(m_preferences.get()->EnablePage(AsPages(pages)), "the pages cannot be enabled");
+}
+
+void PreferencesClient::SetTitle(const std::wstring& title) {
+    Check(m_preferences.get()->SetTitle(Bstr(title).get()), "the title cannot be set");
+}
+
+bool PreferencesClient::OpenDialog(LANGID language) {
+    LONG exitCode = -1;
+    SetLastError(ERROR_SUCCESS);
+    Check(m_preferences.get()->OpenDialog(language, &exitCode), "the preferences dialog cannot be opened");
+    if (exitCode == IDOK) return true;
+    if (exitCode == IDCANCEL) return false;
+    const DWORD error = GetLastError();
+    constexpr const char* kWhat = "the preferences dialog cannot be opened; is there a display?";
+    if (error == ERROR_SUCCESS) throw Failure(kWhat);
+    throw Failure(kWhat, HRESULT_FROM_WIN32(error));
+}
+
+void RegisterComponent() {
+    CallEntryPoint("DllRegisterServer", "vmkctrl.dll cannot be registered");
+}
+
+void UnregisterComponent() {
+    CallEntryPoint("DllUnregisterServer", "vmkctrl.dll cannot be unregistered");
+}
+
+}  // namespace vmk

@@ -1,0 +1,206 @@
+#include "host/stored_settings.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstring>
+
+#include "framework/handle.h"
+#include "host/failure.h"
+#include "host/text.h"
+
+namespace vmk {
+namespace {
+
+constexpr std::string_view kRootPath = "SOFTWARE\\Orrin Systems\\vmkctrl.PdfPrinterPreferences\\";
+
+struct KeyTraits {
+    using Value = HKEY;
+    static constexpr Value None() noexcept { return nullptr; }
+    static void Close(Value value) noexcept { RegCloseKey(value); }
+};
+using UniqueKey = UniqueHandle<KeyTraits>;
+
+struct GroupPrefix {
+    std::string_view prefix;
+    PdfPrinterDialogPage page;
+};
+
+// A prefix stands before those that it begins with.
+constexpr GroupPrefix kPrefixes[] = {
+    {"Paper.", Paper},
+    {"General.", General},
+    {"Compression.", Compression},
+    {"Downsample.", Graphics},
+    {"Convert.", Graphics},
+    {"Fonts.", Fonts},
+    {"Watermarks.", Watermarks},
+    {"Security.Digisig.", DigitalSign},
+    {"Security.", Security},
+    {"Links.", Links},
+    {"Bookmarks.", Bookmarks},
+    {"Info.", DocumentInfo},
+    {"Save.", Save},
+    {"Email.", eMail},
+    {"Optimization.", Optimization},
+    {"Overlay.", Overlay},
+};
+
+LSTATUS OpenSettingsKey(const std::wstring& subKey, UniqueKey& key) {
+    const std::string path = std::string(kRootPath) + AnsiFromWide(subKey);
+    return RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, key.put());
+}
+
+bool IsPassword(std::string_view name) {
+    return name.ends_with("Password") || name.ends_with("Pwd");
+}
+
+std::string Utf8FromAnsi(std::string_view text) {
+    return Utf8FromWide(WideFromAnsi(text));
+}
+
+// The bytes of a stored text up to its terminator, which a cut text lacks.
+std::string_view WithoutTerminator(std::string_view data) {
+    return data.substr(0, data.find('\0'));
+}
+
+std::string Display(std::string_view name, DWORD type, std::string_view data) {
+    const bool isText = type == REG_SZ || type == REG_EXPAND_SZ;
+    const std::string_view text = isText ? WithoutTerminator(data) : data;
+    if (IsPassword(name)) return text.empty() ? "\"\"" : "********";
+    if (isText) return Quoted(Utf8FromAnsi(text));
+    if (type == REG_DWORD && data.size() == sizeof(std::int32_t)) {
+        std::int32_t number = 0;
+        std::memcpy(&number, data.data(), sizeof number);
+        return std::to_string(number);
+    }
+    return "(type " + std::to_string(type) + ", " + std::to_string(data.size()) + " bytes)";
+}
+
+// Reads the value at a position; nothing behind the last one.
+std::optional<StoredSetting> ReadValue(HKEY key, DWORD index) {
+    std::string name(256, '\0');
+    std::string data(1024, '\0');
+    for (;;) {
+        DWORD nameSize = static_cast<DWORD>(name.size());
+        DWORD dataSize = static_cast<DWORD>(data.size());
+        DWORD type = 0;
+        const LSTATUS status = RegEnumValueA(key, index, name.data(), &nameSize, nullptr, &type,
+                                             reinterpret_cast<BYTE*>(data.data()), &dataSize);
+        if (status == ERROR_NO_MORE_ITEMS) return std::nullopt;
+        if (status == ERROR_MORE_DATA) {
+            name.resize(name.size() * 2);
+            data.resize(std::max<std::size_t>(data.size() * 2, dataSize));
+            continue;
+        }
+        if (status != ERROR_SUCCESS) {
+            throw Failure("the stored settings cannot be read", HRESULT_FROM_WIN32(status));
+        }
+        const std::string shownName = Utf8FromAnsi({name.data(), nameSize});
+        return StoredSetting{.name = shownName, .display = Display(shownName, type, {data.data(), dataSize})};
+    }
+}
+
+void AppendGroup(std::string& text, std::string_view heading, PageBits group,
+                 const std::vector<StoredSetting>& settings, bool evenIfEmpty) {
+    std::string lines;
+    for (const StoredSetting& setting : settings) {
+        if (GroupOfSetting(setting.name) == group) lines += setting.name + " = " + setting.display + "\n";
+    }
+    if (lines.empty() && !evenIfEmpty) return;
+    if (!text.empty()) text += "\n";
+    text.append("[").append(heading).append("]\n");
+    text += lines.empty() ? "(nothing stored)\n" : lines;
+}
+
+void AppendEscaped(std::string& result, char c) {
+    switch (c) {
+        case '"':
+            result += "\\\"";
+            return;
+        case '\\':
+            result += "\\\\";
+            return;
+        case '\r':
+            result += "\\r";
+            return;
+        case '\n':
+            result += "\\n";
+            return;
+        case '\t':
+            result += "\\t";
+            return;
+        default:
+            break;
+    }
+    const auto code = static_cast<unsigned char>(c);
+    if (code >= 0x20 && code != 0x7F) {
+        result += c;
+        return;
+    }
+    std::array<char, 8> digits{};
+    std::snprintf(digits.data(), digits.size(), "\\x%02x", code);
+    result += digits.data();
+}
+
+}  // namespace
+
+std::optional<std::vector<StoredSetting>> ReadStoredSettings(const std::wstring& subKey) {
+    UniqueKey key;
+    const LSTATUS status = OpenSettingsKey(subKey, key);
+    if (status == ERROR_FILE_NOT_FOUND || status == ERROR_PATH_NOT_FOUND) return std::nullopt;
+    if (status != ERROR_SUCCESS) {
+        throw Failure(NameOfSettingsKey(subKey) + " cannot be opened", HRESULT_FROM_WIN32(status));
+    }
+    std::vector<StoredSetting> settings;
+    for (DWORD index = 0;; ++index) {
+        std::optional<StoredSetting> setting = ReadValue(key.get(), index);
+        if (!setting) break;
+        settings.push_back(std::move(*setting));
+    }
+    std::ranges::sort(settings, {}, &StoredSetting::name);
+    return settings;
+}
+
+bool SettingsKeyIsThere(const std::wstring& subKey) {
+    UniqueKey key;
+    return OpenSettingsKey(subKey, key) == ERROR_SUCCESS;
+}
+
+std::string NameOfSettingsKey(const std::wstring& subKey) {
+    std::string name = "HKEY_CURRENT_USER\\" + std::string(kRootPath) + Utf8FromWide(subKey);
+    if (name.ends_with('\\')) name.pop_back();
+    return name;
+}
+
+PageBits GroupOfSetting(std::string_view name) {
+    for (const GroupPrefix& entry : kPrefixes) {
+        // The registry does not tell letters of different case apart, so neither does the component.
+        if (EqualsIgnoringCase(name.substr(0, entry.prefix.size()), entry.prefix)) {
+            return static_cast<PageBits>(entry.page);
+        }
+    }
+    return 0;
+}
+
+std::string Quoted(std::string_view text) {
+    std::string result = "\"";
+    for (const char c : text) AppendEscaped(result, c);
+    return result + '"';
+}
+
+std::string FormatSettings(const std::vector<StoredSetting>& settings, std::optional<PageBits> groups) {
+    const PageBits wanted = groups.value_or(static_cast<PageBits>(AllPages));
+    const bool everything = wanted == static_cast<PageBits>(AllPages);
+    std::string text;
+    for (const PageName& entry : PageNames()) {
+        const auto group = static_cast<PageBits>(entry.page);
+        if ((wanted & group) != 0) AppendGroup(text, entry.name, group, settings, !everything);
+    }
+    if (everything) AppendGroup(text, "Other", 0, settings, false);
+    return text;
+}
+
+}  // namespace vmk

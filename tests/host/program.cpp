@@ -1,0 +1,92 @@
+#include "tests/host/program.h"
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+
+#include "framework/handle.h"
+
+namespace vmk::test {
+namespace {
+
+struct HandleTraits {
+    using Value = HANDLE;
+    static constexpr Value None() noexcept { return nullptr; }
+    static void Close(Value value) noexcept { CloseHandle(value); }
+};
+using Handle = UniqueHandle<HandleTraits>;
+
+// More than the program ever writes, so that it never waits for its reader.
+constexpr DWORD kPipeSize = 1 << 20;
+constexpr DWORD kPatience = 60'000;  // milliseconds
+
+// A pipe whose writing end a child process inherits.
+struct Pipe {
+    Handle reader;
+    Handle writer;
+
+    Pipe() {
+        SECURITY_ATTRIBUTES inherited{
+            .nLength = sizeof inherited, .lpSecurityDescriptor = nullptr, .bInheritHandle = TRUE};
+        CreatePipe(reader.put(), writer.put(), &inherited, kPipeSize);
+        SetHandleInformation(reader.get(), HANDLE_FLAG_INHERIT, 0);
+    }
+
+    // What is in the pipe when its writer has ended. Waiting for the end of the pipe would not do: a server
+    // that the writer started may have inherited it.
+    std::string ReadAll() const {
+        std::string all;
+        DWORD size = 0;
+        while (PeekNamedPipe(reader.get(), nullptr, 0, nullptr, &size, nullptr) && size != 0) {
+            std::string piece(size, '\0');
+            if (!ReadFile(reader.get(), piece.data(), size, &size, nullptr)) break;
+            all.append(piece, 0, size);
+        }
+        return all;
+    }
+};
+
+}  // namespace
+
+std::wstring ArtifactFolder() {
+    std::array<wchar_t, 1024> path{};
+    GetModuleFileNameW(nullptr, path.data(), path.size());
+    return std::filesystem::path(path.data()).parent_path().parent_path().wstring() + L"\\";
+}
+
+ProgramRun RunVmkprefs(const std::wstring& arguments) {
+    Pipe output;
+    Pipe error;
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdOutput = output.writer.get();
+    startup.hStdError = error.writer.get();
+    std::wstring commandLine = L"\"" + ArtifactFolder() + L"vmkprefs.exe\" " + arguments;
+    PROCESS_INFORMATION process{};
+    ProgramRun run;
+    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
+                        &process)) {
+        ADD_FAILURE() << "vmkprefs.exe cannot be started: " << GetLastError();
+        return run;
+    }
+    const Handle thread(process.hThread);
+    const Handle handle(process.hProcess);
+    if (WaitForSingleObject(handle.get(), kPatience) != WAIT_OBJECT_0) {
+        ADD_FAILURE() << "vmkprefs.exe does not end";
+        TerminateProcess(handle.get(), 99);
+        WaitForSingleObject(handle.get(), kPatience);
+        return run;
+    }
+    DWORD status = 0;
+    GetExitCodeProcess(handle.get(), &status);
+    run.status = static_cast<int>(status);
+    run.output = output.ReadAll();
+    run.error = error.ReadAll();
+    return run;
+}
+
+}  // namespace vmk::test

@@ -1,0 +1,126 @@
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "tests/host/program.h"
+#include "tests/host/scratch_key.h"
+
+namespace vmk::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+constexpr const wchar_t* kServerKey = L"CLSID\\{2EE01CFA-139F-431E-BB1D-5E56B4DCEC18}\\InprocServer32";
+
+std::wstring WithKey(const wchar_t* command, const ScratchKey& key) {
+    return std::wstring(command) + L" --key \"" + key.Name() + L"\" ";
+}
+
+// Status 2, nothing on standard output and one line on standard error.
+void ExpectFailure(const ProgramRun& run, const std::string& words) {
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.output, "");
+    EXPECT_THAT(run.error, StartsWith("vmkprefs: "));
+    EXPECT_THAT(run.error, HasSubstr(words));
+    EXPECT_EQ(std::ranges::count(run.error, '\n'), 1) << run.error;
+}
+
+std::wstring RegisteredServer() {
+    wchar_t path[1024] = {};
+    DWORD size = sizeof path;
+    const LSTATUS status =
+        RegGetValueW(HKEY_CLASSES_ROOT, kServerKey, nullptr, RRF_RT_REG_SZ, nullptr, path, &size);
+    return status == ERROR_SUCCESS ? path : L"";
+}
+
+TEST(VmkprefsHelp, GoesToStandardOutput) {
+    const ProgramRun run = RunVmkprefs(L"--help");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.output, HasSubstr("unregister"));
+    EXPECT_EQ(run.error, "");
+}
+
+TEST(VmkprefsUsage, WithoutACommandFails) {
+    ExpectFailure(RunVmkprefs(L""), "give one of the commands");
+}
+
+TEST(VmkprefsUsage, ErrorsStoreNothing) {
+    const ScratchKey key;
+    ExpectFailure(RunVmkprefs(WithKey(L"edit", key) + L"--pages Paper,Font"), "unknown name 'Font'");
+    ExpectFailure(RunVmkprefs(WithKey(L"edit", key) + L"--language german"), "language identifier");
+    ExpectFailure(RunVmkprefs(WithKey(L"reset", key) + L"Paper Font"), "unknown name 'Font'");
+    EXPECT_FALSE(key.Exists());
+}
+
+TEST(VmkprefsShow, SaysThatThereIsNoKey) {
+    const ScratchKey key;
+    ExpectFailure(RunVmkprefs(WithKey(L"show", key)), "there is no key HKEY_CURRENT_USER\\SOFTWARE\\");
+    EXPECT_FALSE(key.Exists());
+}
+
+TEST(VmkprefsShow, PrintsWhatIsStoredByGroup) {
+    const ScratchKey key;
+    key.SetNumber(L"Paper.Nup", 4);
+    key.SetText(L"Info.Title", L"Stra\u00DFe");
+    key.SetText(L"Email.SMTP.Password", L"secret");
+    const ProgramRun run = RunVmkprefs(WithKey(L"show", key));
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output,
+              "[Paper]\nPaper.Nup = 4\n\n[DocumentInfo]\nInfo.Title = \"Stra\xC3\x9F"
+              "e\"\n\n"
+              "[eMail]\nEmail.SMTP.Password = ********\n");
+    EXPECT_EQ(run.error, "");
+}
+
+TEST(VmkprefsReset, StoresTheDefaultsOfTheGroupsAndLeavesTheOthersAlone) {
+    const ScratchKey key;
+    key.SetNumber(L"Paper.Nup", 4);
+    key.SetNumber(L"General.PDFSpec", 7);
+    const ProgramRun run = RunVmkprefs(WithKey(L"reset", key) + L"paper");
+    EXPECT_EQ(run.status, 0) << run.error;
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(key.Number(L"Paper.Nup"), 1U);
+    EXPECT_EQ(key.Number(L"General.PDFSpec"), 7U);
+    EXPECT_EQ(key.Number(L"General.PageLayout"), std::nullopt);
+}
+
+TEST(VmkprefsReset, KeepsWhatTheComponentDoesNotReset) {
+    const ScratchKey key;
+    key.SetNumber(L"Optimization.BlendMode", 7);
+    EXPECT_EQ(RunVmkprefs(WithKey(L"reset", key) + L"Optimization").status, 0);
+    EXPECT_EQ(key.Number(L"Optimization.BlendMode"), 7U);
+}
+
+TEST(VmkprefsReset, FillsAKeyThatWasNotThere) {
+    const ScratchKey key;
+    EXPECT_EQ(RunVmkprefs(WithKey(L"reset", key) + L"Watermarks").status, 0);
+    EXPECT_EQ(key.Number(L"Watermarks.Print"), 0U);
+    EXPECT_EQ(key.Number(L"Paper.Nup"), std::nullopt);
+}
+
+TEST(VmkprefsReset, SaysWhenTheKeyCannotBeMade) {
+    // Longer than the name of a key may be.
+    ExpectFailure(RunVmkprefs(L"reset Paper --key " + std::wstring(300, L'k')),
+                  "cannot be opened or created");
+}
+
+TEST(VmkprefsRegistration, RegistersTheLibraryBesideItAndTakesItBack) {
+    const ScratchKey key;
+    EXPECT_EQ(RunVmkprefs(L"register").status, 0);
+    EXPECT_EQ(_wcsicmp(RegisteredServer().c_str(), (ArtifactFolder() + L"vmkctrl.dll").c_str()), 0);
+    EXPECT_EQ(RunVmkprefs(WithKey(L"--registered reset", key) + L"Watermarks").status, 0);
+    EXPECT_EQ(key.Number(L"Watermarks.Print"), 0U);
+
+    EXPECT_EQ(RunVmkprefs(L"unregister").status, 0);
+    EXPECT_EQ(RegisteredServer(), L"");
+    ExpectFailure(RunVmkprefs(WithKey(L"--registered reset", key) + L"Watermarks"),
+                  "the registered preferences component cannot be created (0x80040154)");
+}
+
+}  // namespace
+}  // namespace vmk::test
