@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/checkbox.h"
 #include "pages/page.h"
 
 namespace vmk {
@@ -12,6 +13,10 @@ class CDlgBookmarks final : public CPage {
   private:
     void LoadPage() override;
     void StorePage() override;
+
+    CMyCheckbox m_print;
+    CMyCheckbox m_multiline;
+    CMyCheckbox m_matchLevel;
 };
 
 }  // namespace vmk

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <string>
+
+#include "controls/checkbox.h"
+#include "controls/edit_text.h"
 #include "pages/page.h"
 
 namespace vmk {
@@ -12,6 +16,15 @@ class CDlgDocInfo final : public CPage {
   private:
     void LoadPage() override;
     void StorePage() override;
+
+    void ShowText(CMyEditText& edit, UINT id, std::wstring& field);
+
+    CMyCheckbox m_use;
+    CMyEditText m_title;
+    CMyEditText m_subject;
+    CMyEditText m_author;
+    CMyEditText m_keywords;
+    CMyEditText m_creator;
 };
 
 }  // namespace vmk

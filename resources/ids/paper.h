@@ -1,3 +1,7 @@
 #pragma once
 
 #define IDD_PAPER 203
+#define IDC_PAPER_COUNT 289
+#define IDC_PAPER_NO_ORDER 290
+#define IDC_PAPER_ORDER_OF_TWO 291
+#define IDC_PAPER_ORDER_OF_MORE 292
