@@ -33,9 +33,14 @@ bool CMyCombobox::SelectByValue(std::int32_t value) {
     return true;
 }
 
-std::int32_t CMyCombobox::SelectedValue() const {
+int CMyCombobox::SelectedPosition() const {
     const LRESULT selection = SendMessageW(Handle(), CB_GETCURSEL, 0, 0);
-    if (selection == CB_ERR) return kNoSelection;
+    return selection == CB_ERR ? kNoSelection : static_cast<int>(selection);
+}
+
+std::int32_t CMyCombobox::SelectedValue() const {
+    const int selection = SelectedPosition();
+    if (selection == kNoSelection) return kNoSelection;
     const LRESULT length = SendMessageW(Handle(), CB_GETLBTEXTLEN, static_cast<WPARAM>(selection), 0);
     if (length == CB_ERR) return kNoSelection;
     std::wstring text(static_cast<size_t>(length), L'\0');

@@ -40,6 +40,9 @@ class CMyCombobox final : public BoundControl {
     // when no item has the value.
     bool SelectByValue(std::int32_t value);
 
+    // The position of the selection in the list, or kNoSelection.
+    int SelectedPosition() const;
+
     // The value of the first item whose text is the selected one, or kNoSelection.
     std::int32_t SelectedValue() const;
 

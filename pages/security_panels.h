@@ -1,0 +1,57 @@
+#pragma once
+
+#include "controls/bound_dialog.h"
+#include "controls/checkbox.h"
+#include "controls/combobox.h"
+
+namespace vmk {
+
+// The permissions that go with one encryption level: a child dialog inside the Security page, created hidden.
+class SecurityPanel : public BoundDialog {
+  public:
+    // Creates the panel inside the page's container. When that fails, there is nothing to show or to store.
+    void CreatePanel(const CDialogEnv& env, HWND container);
+
+    void ShowPanel(bool show) const noexcept { ShowWindow(Handle(), show ? SW_SHOW : SW_HIDE); }
+
+    // Writes the permissions into the settings, if there are changes that are not applied yet.
+    void StorePanel();
+
+  protected:
+    explicit SecurityPanel(UINT templateId) : m_templateId(templateId) {}
+
+    virtual void StorePermissions() = 0;
+
+  private:
+    UINT m_templateId;
+};
+
+class CDlgSec40 final : public SecurityPanel {
+  public:
+    CDlgSec40();
+
+  private:
+    void OnInitDialog() override;
+    void StorePermissions() override;
+
+    CMyCheckbox m_printing;
+    CMyCheckbox m_changing;
+    CMyCheckbox m_copying;
+    CMyCheckbox m_comments;
+};
+
+class CDlgSec128 final : public SecurityPanel {
+  public:
+    CDlgSec128();
+
+  private:
+    void OnInitDialog() override;
+    void StorePermissions() override;
+
+    CMyCheckbox m_access;
+    CMyCheckbox m_copying;
+    CMyCombobox m_changes;
+    CMyCombobox m_printing;
+};
+
+}  // namespace vmk
