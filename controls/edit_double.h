@@ -27,6 +27,8 @@ class CMyEditDouble final : public BoundControl, public SteppedEdit {
     double ReadNumber() const;
     // Makes a number both the working value and what is shown.
     void SetNumber(double number);
+    // Makes a number the stored value as well: the same quantity in another unit.
+    void Rebase(double number);
 
     bool StepUp() override { return Step(m_options.step); }
     bool StepDown() override { return Step(-m_options.step); }

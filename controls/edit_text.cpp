@@ -1,7 +1,5 @@
 #include "controls/edit_text.h"
 
-#include "framework/window_text.h"
-
 namespace vmk {
 
 void CMyEditText::Bind(BoundDialog& page, UINT id, std::wstring& field) {
@@ -10,7 +8,7 @@ void CMyEditText::Bind(BoundDialog& page, UINT id, std::wstring& field) {
 }
 
 void CMyEditText::Store() {
-    std::wstring text = WindowText(Handle());
+    std::wstring text = Text();
     m_field->swap(text);
     if (GetWindowLongPtrW(Handle(), GWL_STYLE) & ES_PASSWORD) Wipe(text);
 }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "controls/bound_control.h"
+#include "framework/window_text.h"
 
 namespace vmk {
 
@@ -14,6 +15,7 @@ class CMyEditText final : public BoundControl {
 
     void Show() { SetText(*m_field); }
     void SetText(const std::wstring& text) { SetWindowTextW(Handle(), text.c_str()); }
+    std::wstring Text() const { return WindowText(Handle()); }
 
     // Replaces the field by the whole text on screen. What a password box replaces is wiped from memory.
     void Store();
