@@ -32,7 +32,7 @@ std::vector<std::uint32_t> Langids(const LanguageSession& session) {
 
 class LanguageSessions : public testing::Test {
   protected:
-    LanguageSession Open() const { return LanguageSession(m_folder.Path(), kProduct); }
+    LanguageSession Open() const { return {m_folder.Path(), kProduct}; }
     LanguageFolder m_folder;
 };
 
