@@ -17,8 +17,9 @@ class Units {
     /// The next unit, zero at the end.
     wchar_t Peek() const {
         if (m_at == m_end) return L'\0';
-        return static_cast<wchar_t>(std::to_integer<unsigned>(m_at[0]) | std::to_integer<unsigned>(m_at[1])
-                                                                             << 8);
+        const auto low = std::to_integer<unsigned>(m_at[0]);
+        const auto high = std::to_integer<unsigned>(m_at[1]);
+        return static_cast<wchar_t>(high << 8 | low);
     }
     /// Not to be called at the end.
     void Drop() { m_at += 2; }

@@ -27,8 +27,8 @@ using SearchHandle = std::unique_ptr<void, HandleCloser<FindClose>>;
 
 /// The whole file; empty when it cannot be had.
 std::vector<std::byte> ReadBytes(const std::string& path) try {
-    const HANDLE handle = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                      FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+    HANDLE handle = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
     if (handle == INVALID_HANDLE_VALUE) return {};
     const FileHandle file(handle);
 
@@ -87,7 +87,7 @@ LanguageSession::LanguageSession(std::string folder, std::wstring_view product)
 void LanguageSession::Scan() {
     m_languages.clear();
     WIN32_FIND_DATAA found;
-    const HANDLE handle = FindFirstFileA((m_folder + "*.vlf").c_str(), &found);
+    HANDLE handle = FindFirstFileA((m_folder + "*.vlf").c_str(), &found);
     if (handle == INVALID_HANDLE_VALUE) return;
     const SearchHandle search(handle);
     do {

@@ -69,7 +69,7 @@ std::wstring Translator::TranslateString(std::wstring_view text) const {
 void Translator::TranslateWindow(HWND window, bool withChildren) const {
     if (!m_session || !IsWindow(window)) return;
     if (withChildren)
-        for (const HWND child : Children(window)) TranslateWindow(child, true);
+        for (HWND child : Children(window)) TranslateWindow(child, true);
     if (IsPasswordEdit(window)) return;
     const std::wstring text = WindowText(window);
     if (!text.empty()) SetWindowTextW(window, TranslateString(text).c_str());

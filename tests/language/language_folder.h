@@ -42,7 +42,7 @@ class LanguageFolder {
     std::vector<std::string> Files() const {
         std::vector<std::string> names;
         WIN32_FIND_DATAA found;
-        const HANDLE search = FindFirstFileA(File("*").c_str(), &found);
+        HANDLE search = FindFirstFileA(File("*").c_str(), &found);
         if (search == INVALID_HANDLE_VALUE) return names;
         do {
             if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) names.emplace_back(found.cFileName);
@@ -52,8 +52,7 @@ class LanguageFolder {
     }
 
     void WriteBytes(const std::string& name, std::span<const std::byte> bytes) const {
-        const HANDLE file =
-            CreateFileA(File(name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+        HANDLE file = CreateFileA(File(name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
         ASSERT_NE(file, INVALID_HANDLE_VALUE) << name;
         DWORD written = 0;
         EXPECT_TRUE(WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr));

@@ -32,7 +32,7 @@ std::vector<std::uint32_t> Langids(const LanguageSession& session) {
 
 class LanguageSessions : public testing::Test {
   protected:
-    LanguageSession Open() const { return LanguageSession(m_folder.Path(), kProduct); }
+    LanguageSession Open() const { return {m_folder.Path(), kProduct}; }
     LanguageFolder m_folder;
 };
 
@@ -143,7 +143,7 @@ TEST_F(LanguageSessions, FilesThatCannotBeReadAreIgnored) {
     m_folder.Write("c.vlf", FileText(L"0408", L"Ja"));
     m_folder.Write("d.vlf", FileText(L"0409", L"Ja"));
     ASSERT_TRUE(CreateDirectoryA(m_folder.File("e.vlf").c_str(), nullptr));
-    const HANDLE locked =
+    HANDLE locked =
         CreateFileA(m_folder.File("c.vlf").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(locked, INVALID_HANDLE_VALUE);
     EXPECT_EQ(Langids(Open()), std::vector<std::uint32_t>{0x409});

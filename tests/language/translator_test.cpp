@@ -148,8 +148,8 @@ class TranslatedWindows : public Translators {
 
     /// A child is destroyed with its parent.
     HWND Child(HWND parent, const wchar_t* className, const wchar_t* text, DWORD style = 0) {
-        const HWND child = CreateWindowExW(0, className, text, WS_CHILD | style, 0, 0, 50, 20, parent,
-                                           nullptr, nullptr, nullptr);
+        HWND child = CreateWindowExW(0, className, text, WS_CHILD | style, 0, 0, 50, 20, parent, nullptr,
+                                     nullptr, nullptr);
         EXPECT_TRUE(child) << GetLastError();
         return child;
     }
@@ -215,7 +215,7 @@ TEST_F(TranslatedWindows, LongTextsAreLookedUpWhole) {
 
 TEST_F(TranslatedWindows, ChildrenAreTranslatedOnlyWhenWanted) {
     OpenGerman();
-    const HWND child = Child(Parent(), L"Button", L"Cancel");
+    HWND child = Child(Parent(), L"Button", L"Cancel");
     m_translator.TranslateWindow(Parent(), false);
     EXPECT_EQ(TextOf(child), L"Cancel");
     m_translator.TranslateWindow(Parent(), true);
@@ -225,12 +225,12 @@ TEST_F(TranslatedWindows, ChildrenAreTranslatedOnlyWhenWanted) {
 TEST_F(TranslatedWindows, SubtreesAreTranslatedInOrderChildrenBeforeParents) {
     OpenGerman();
     SetWindowTextW(Parent(), L"parent");
-    const HWND first = Child(Parent(), L"Static", L"first");
-    const HWND firstInner = Child(first, L"Static", L"first's child");
-    const HWND second = Child(Parent(), L"Static", L"second");
-    const HWND secondInner = Child(second, L"Static", L"second's child");
+    HWND first = Child(Parent(), L"Static", L"first");
+    HWND firstInner = Child(first, L"Static", L"first's child");
+    HWND second = Child(Parent(), L"Static", L"second");
+    HWND secondInner = Child(second, L"Static", L"second's child");
     TextTraffic traffic(Parent());
-    for (const HWND window : {first, firstInner, second, secondInner}) traffic.Watch(window);
+    for (HWND window : {first, firstInner, second, secondInner}) traffic.Watch(window);
 
     m_translator.TranslateWindow(Parent(), true);
     EXPECT_EQ(traffic.Set(), (std::vector<std::wstring>{L"first's child", L"first", L"second's child",
@@ -239,7 +239,7 @@ TEST_F(TranslatedWindows, SubtreesAreTranslatedInOrderChildrenBeforeParents) {
 
 TEST_F(TranslatedWindows, HiddenAndDisabledChildrenAreTranslated) {
     OpenGerman();
-    const HWND child = Child(Parent(), L"Button", L"OK", WS_DISABLED);
+    HWND child = Child(Parent(), L"Button", L"OK", WS_DISABLED);
     m_translator.TranslateWindow(Parent(), true);
     EXPECT_EQ(TextOf(child), L"Ja");
     EXPECT_FALSE(IsWindowEnabled(child));
@@ -247,7 +247,7 @@ TEST_F(TranslatedWindows, HiddenAndDisabledChildrenAreTranslated) {
 
 TEST_F(TranslatedWindows, PasswordEditIsNeitherReadNorChanged) {
     OpenGerman();
-    const HWND edit = Child(Parent(), L"EDIT", L"secret", ES_PASSWORD);
+    HWND edit = Child(Parent(), L"EDIT", L"secret", ES_PASSWORD);
     {
         const TextTraffic traffic(edit);
         m_translator.TranslateWindow(Parent(), true);
@@ -259,14 +259,14 @@ TEST_F(TranslatedWindows, PasswordEditIsNeitherReadNorChanged) {
 
 TEST_F(TranslatedWindows, PlainEditIsTranslatedLikeAnyWindow) {
     OpenGerman();
-    const HWND edit = Child(Parent(), L"eDIT", L"secret");
+    HWND edit = Child(Parent(), L"eDIT", L"secret");
     m_translator.TranslateWindow(Parent(), true);
     EXPECT_EQ(TextOf(edit), L"geheim");
 }
 
 TEST_F(TranslatedWindows, PasswordStyleOfOtherClassesMeansNothing) {
     OpenGerman();
-    const HWND child = Child(Parent(), L"Static", L"secret", ES_PASSWORD);
+    HWND child = Child(Parent(), L"Static", L"secret", ES_PASSWORD);
     m_translator.TranslateWindow(Parent(), true);
     EXPECT_EQ(TextOf(child), L"geheim");
 }
@@ -278,7 +278,7 @@ TEST_F(TranslatedWindows, ClassesWhoseNamesOnlyBeginLikeAnEditAreNoEdits) {
         windowClass.lpfnWndProc = DefWindowProcW;
         windowClass.lpszClassName = name;
         ASSERT_TRUE(RegisterClassW(&windowClass));
-        const HWND child = Child(Parent(), name, L"secret", ES_PASSWORD);
+        HWND child = Child(Parent(), name, L"secret", ES_PASSWORD);
         m_translator.TranslateWindow(child, true);
         EXPECT_EQ(TextOf(child), L"geheim");
         DestroyWindow(child);
@@ -289,7 +289,7 @@ TEST_F(TranslatedWindows, ClassesWhoseNamesOnlyBeginLikeAnEditAreNoEdits) {
 TEST_F(TranslatedWindows, WindowsThatDoNotExistAreIgnored) {
     OpenGerman();
     m_translator.TranslateWindow(nullptr, true);
-    const HWND gone = Child(Parent(), L"Static", L"OK");
+    HWND gone = Child(Parent(), L"Static", L"OK");
     DestroyWindow(gone);
     m_translator.TranslateWindow(gone, true);
     m_translator.TranslateWindow(reinterpret_cast<HWND>(static_cast<INT_PTR>(0x7FFF)), true);
@@ -305,9 +305,9 @@ LRESULT CALLBACK DestroySibling(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lPara
 
 TEST_F(TranslatedWindows, SiblingMayVanishWhileTextsAreSet) {
     OpenGerman();
-    const HWND first = Child(Parent(), L"Static", L"first");
-    const HWND second = Child(Parent(), L"Static", L"second");
-    const HWND third = Child(Parent(), L"Static", L"OK");
+    HWND first = Child(Parent(), L"Static", L"first");
+    HWND second = Child(Parent(), L"Static", L"second");
+    HWND third = Child(Parent(), L"Static", L"OK");
     SetWindowLongPtrW(first, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DestroySibling));
     SetWindowLongPtrW(first, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(second));
     m_translator.TranslateWindow(Parent(), true);
@@ -331,7 +331,7 @@ class TranslatedMenus : public Translators {
     }
 
     const Menu m_owner{CreatePopupMenu()};
-    const HMENU m_menu = m_owner.get();
+    HMENU m_menu = m_owner.get();
 };
 
 TEST_F(TranslatedMenus, WithoutSessionMenusAreLeftAlone) {
@@ -375,8 +375,8 @@ TEST_F(TranslatedMenus, CheckedAndDisabledItemsStaySo) {
 
 TEST_F(TranslatedMenus, SubmenusAreKeptAndTranslated) {
     OpenGerman();
-    const HMENU inner = CreatePopupMenu();
-    const HMENU innermost = CreatePopupMenu();
+    HMENU inner = CreatePopupMenu();
+    HMENU innermost = CreatePopupMenu();
     AppendMenuW(innermost, MF_STRING, 3, L"Cancel");
     AppendMenuW(inner, MF_POPUP, reinterpret_cast<UINT_PTR>(innermost), L"OK");
     AppendMenuW(m_menu, MF_POPUP, reinterpret_cast<UINT_PTR>(inner), L"OK");
@@ -402,8 +402,8 @@ TEST_F(TranslatedMenus, SeparatorsStaySeparators) {
 
 TEST_F(TranslatedMenus, SubmenusOfSeparatorsAndOfItemsWithoutTextAreTranslated) {
     OpenGerman();
-    const HMENU underEmpty = CreatePopupMenu();
-    const HMENU underSeparator = CreatePopupMenu();
+    HMENU underEmpty = CreatePopupMenu();
+    HMENU underSeparator = CreatePopupMenu();
     AppendMenuW(underEmpty, MF_STRING, 1, L"OK");
     AppendMenuW(underSeparator, MF_STRING, 2, L"Cancel");
     AppendMenuW(m_menu, MF_POPUP, reinterpret_cast<UINT_PTR>(underEmpty), L"");
