@@ -1,6 +1,10 @@
 #pragma once
 
+#include "controls/checkbox.h"
+#include "controls/combobox.h"
+#include "controls/edit_int.h"
 #include "pages/page.h"
+#include "resources/ids/optimization.h"
 
 namespace vmk {
 
@@ -12,6 +16,20 @@ class CDlgOptimization final : public CPage {
   private:
     void LoadPage() override;
     void StorePage() override;
+    bool OnCommand(Command command) override;
+    bool OnNotify(const NMHDR& header) override;
+    std::span<const Spin> Spins() override { return m_spins; }
+
+    void ShowMemoryManagement();
+
+    CMyCombobox m_blendMode;
+    CMyCombobox m_deTessellation;
+    CMyCheckbox m_noTransparency;
+    CMyCheckbox m_noMaskedImages;
+    CMyCheckbox m_optimizeImages;
+    CMyCheckbox m_swap;
+    CMyEditInt m_threshold;
+    const Spin m_spins[1] = {{.id = IDC_OPTIMIZATION_SWAP_SPIN, .edit = m_threshold}};
 };
 
 }  // namespace vmk

@@ -1,0 +1,60 @@
+#include "pages/smtp.h"
+
+namespace vmk {
+namespace {
+
+constexpr CMyEditDouble::Options kPort = {.minimum = 1.0, .maximum = 65535.0, .step = 1.0, .format = L"%.0f"};
+
+constexpr UINT kLogonControls[] = {IDC_SMTP_USER_NAME_LABEL, IDC_SMTP_PASSWORD_LABEL, IDC_SMTP_USER_NAME,
+                                   IDC_SMTP_PASSWORD, IDC_SMTP_SECURE};
+
+}  // namespace
+
+INT_PTR CDlgSMTP::Run(HWND owner) noexcept {
+    return DoModal(IDD_SMTP, owner);
+}
+
+void CDlgSMTP::OnInitDialog() {
+    const bool hadChanges = IsApplyEnabled();
+    Load();
+    // The controls report what they are made to show like a change by the user, which opening is not.
+    EnableWindow(applyButton, hadChanges);
+}
+
+void CDlgSMTP::Load() {
+    auto& email = settings->Email;
+    m_address.Bind(*this, IDC_SMTP_ADDRESS, email.SMTP.Address);
+    m_address.Show();
+    m_portNumber = email.SMTP.Port;
+    m_port.Bind(*this, IDC_SMTP_PORT, m_portNumber, kPort);
+    m_port.Show();
+    m_authentication.Bind(*this, IDC_SMTP_AUTHENTICATION, email.SMTP.RequiresAuthentication,
+                          {.ids = kLogonControls});
+    m_authentication.Show();
+    m_userName.Bind(*this, IDC_SMTP_USER_NAME, email.SMTP.UserName);
+    m_userName.Show();
+    m_password.Bind(*this, IDC_SMTP_PASSWORD, email.SMTP.Password);
+    m_password.Show();
+    m_secure.Bind(*this, IDC_SMTP_SECURE, email.STMP.UseSSL);
+    m_secure.Show();
+    m_secure.SetNextFocus(m_address.Handle());
+}
+
+void CDlgSMTP::Store() {
+    m_authentication.Store();
+    m_secure.Store();
+    m_address.Store();
+    m_userName.Store();
+    m_password.Store();
+    m_port.Store();
+    settings->Email.SMTP.Port = static_cast<std::int32_t>(m_portNumber);
+}
+
+bool CDlgSMTP::OnCommand(Command command) {
+    if (command.code != BN_CLICKED || (command.id != IDOK && command.id != IDCANCEL)) return false;
+    if (command.id == IDOK) Store();
+    EndDialog(Handle(), static_cast<INT_PTR>(command.id));
+    return true;
+}
+
+}  // namespace vmk
