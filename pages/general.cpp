@@ -1,13 +1,96 @@
 #include "pages/general.h"
 
+#include <algorithm>
+
 #include "resources/ids/general.h"
 
 namespace vmk {
+namespace {
+
+using Settings = decltype(PrinterSettings::General);
+
+struct VersionButton {
+    UINT id;
+    std::int32_t version;
+};
+
+constexpr VersionButton kVersions[] = {
+    {.id = IDC_GENERAL_VERSION_13, .version = 3},
+    {.id = IDC_GENERAL_VERSION_14, .version = 4},
+    {.id = IDC_GENERAL_VERSION_15, .version = 5},
+    {.id = IDC_GENERAL_VERSION_16, .version = 6},
+};
+
+constexpr ComboItem kPageLayouts[] = {
+    {.value = 0, .text = L"Single Page"},
+    {.value = 1, .text = L"One Column"},
+    {.value = 2, .text = L"Two Columns Left"},
+    {.value = 3, .text = L"Two Columns Right"},
+};
+
+constexpr ComboItem kPageModes[] = {
+    {.value = 0, .text = L"Show None"},
+    {.value = 1, .text = L"Show Bookmarks"},
+    {.value = 2, .text = L"Show Thumbnails"},
+    {.value = 3, .text = L"Full Screen"},
+};
+
+struct ViewerPreference {
+    UINT id;
+    std::int32_t Settings::ViewerPreferences::*field;
+};
+
+constexpr ViewerPreference kViewerPreferences[] = {
+    {.id = IDC_GENERAL_HIDE_TOOLBARS, .field = &Settings::ViewerPreferences::HideToolbars},
+    {.id = IDC_GENERAL_HIDE_UI, .field = &Settings::ViewerPreferences::HideUI},
+    {.id = IDC_GENERAL_FIT_WINDOW, .field = &Settings::ViewerPreferences::Fit},
+    {.id = IDC_GENERAL_CENTER_WINDOW, .field = &Settings::ViewerPreferences::Center},
+    {.id = IDC_GENERAL_SHOW_TITLE, .field = &Settings::ViewerPreferences::ShowTitle},
+    {.id = IDC_GENERAL_HIDE_MENUBAR, .field = &Settings::ViewerPreferences::HideMenubar},
+};
+
+}  // namespace
 
 CDlgGeneral::CDlgGeneral() : CPage(IDD_GENERAL) {}
 
-void CDlgGeneral::LoadPage() {}
+void CDlgGeneral::LoadPage() {
+    Settings& group = settings->General;
+    m_version = group.PDFSpec;
+    ShowVersion();
+    m_pageLayout.Bind(*this, IDC_GENERAL_PAGE_LAYOUT, group.PageLayout, kPageLayouts);
+    m_pageLayout.Show();
+    m_pageMode.Bind(*this, IDC_GENERAL_PAGE_MODE, group.PageMode, kPageModes);
+    m_pageMode.Show();
+    for (size_t index = 0; index < m_viewerPreferences.size(); ++index) {
+        const ViewerPreference& preference = kViewerPreferences[index];
+        m_viewerPreferences[index].Bind(*this, preference.id, group.VP.*preference.field);
+        m_viewerPreferences[index].Show();
+    }
+    m_viewerPreferences.back().SetNextFocus(Item(IDC_GENERAL_VERSION_13));
+}
 
-void CDlgGeneral::StorePage() {}
+void CDlgGeneral::StorePage() {
+    settings->General.PDFSpec = m_version;
+    m_pageLayout.Store();
+    m_pageMode.Store();
+    for (CMyCheckbox& preference : m_viewerPreferences) preference.Store();
+}
+
+bool CDlgGeneral::OnCommand(Command command) {
+    const auto* const button = std::ranges::find(kVersions, command.id, &VersionButton::id);
+    if (button == std::end(kVersions) || command.code != BN_CLICKED) return false;
+    m_version = button->version;
+    EnableApply();
+    return true;
+}
+
+void CDlgGeneral::ShowVersion() const {
+    // A radio button takes the focus for a click, which would choose version 1.3 for whoever just comes past.
+    SendMessageW(Item(IDC_GENERAL_VERSION_13), BM_SETDONTCLICK, TRUE, 0);
+    // Unchecking the others as well makes the checked one the group's tab stop. With none to check, the first
+    // button stays the tab stop.
+    if (std::ranges::find(kVersions, m_version, &VersionButton::version) == std::end(kVersions)) return;
+    for (const VersionButton& button : kVersions) CheckItem(button.id, button.version == m_version);
+}
 
 }  // namespace vmk

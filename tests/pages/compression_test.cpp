@@ -2,13 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
-#include "tests/pages/page_contents.h"
+#include "tests/pages/page_fixture.h"
 #include "tests/support/language_folder.h"
-#include "tests/support/live_dialog.h"
-#include "tests/support/loaded_module.h"
-#include "vmkctrl.h"
 
 namespace vmk::test {
 namespace {
@@ -38,32 +33,15 @@ std::vector<std::int32_t> Switches(const PrinterSettings& settings) {
     return {group.Graphics, group.ASCII, group.Text};
 }
 
-// The dialog open at the page, after the settings were prepared.
-class CompressionPage : public testing::Test {
+class CompressionPage : public PageTest {
   protected:
-    void Open(LANGID language = 0x0409) {
-        m_settings.Store(stored);
-        dialog.emplace(LiveDialog::Options{
-            .pages = page_bit::kCompression, .language = language, .settings = &m_settings});
-        page = dialog->VisiblePage();
-    }
-    void Reopen() {
-        dialog.reset();
-        Open();
-    }
+    CompressionPage() : PageTest(page_bit::kCompression) {}
 
     void CheckTheQualityIs(std::int32_t expected) const {
         EXPECT_EQ(page.Text(IDC_COMPRESSION_QUALITY), std::to_wstring(expected));
         dialog->Apply();
         EXPECT_EQ(dialog->Record().Compression.Color.JPEGQuality, expected);
     }
-
-    PrinterSettings stored;
-    std::optional<LiveDialog> dialog;
-    LiveWindow page;
-
-  private:
-    ScratchSettings m_settings;
 };
 
 TEST_F(CompressionPage, HoldsItsControlsInTabOrder) {
@@ -76,20 +54,19 @@ TEST_F(CompressionPage, HoldsItsControlsInTabOrder) {
 
 TEST_F(CompressionPage, LabelsItsControls) {
     Open();
-    const std::vector<std::pair<UINT, std::wstring>> labels = {{204, L"General"},
-                                                               {245, L"Compress Graphics"},
-                                                               {246, L"ASCII format (Larger File)"},
-                                                               {247, L"Compress Text"},
-                                                               {257, L"High Color/Grayscale Images"},
-                                                               {258, L"Compress Using:"},
-                                                               {259, L"JPEG Quality:"},
-                                                               {260, L"%"},
-                                                               {261, L"Indexed Images"},
-                                                               {262, L"Compress Using:"},
-                                                               {264, L"Monochrome Images"},
-                                                               {263, L"Compress Using:"},
-                                                               {256, L"Default"}};
-    for (const auto& [id, text] : labels) EXPECT_EQ(page.Text(id), text);
+    CheckTexts({{204, L"General"},
+                {245, L"Compress Graphics"},
+                {246, L"ASCII format (Larger File)"},
+                {247, L"Compress Text"},
+                {257, L"High Color/Grayscale Images"},
+                {258, L"Compress Using:"},
+                {259, L"JPEG Quality:"},
+                {260, L"%"},
+                {261, L"Indexed Images"},
+                {262, L"Compress Using:"},
+                {264, L"Monochrome Images"},
+                {263, L"Compress Using:"},
+                {256, L"Default"}});
 }
 
 TEST_F(CompressionPage, ShowsTheStoredValuesAndApplyStaysDisabled) {
@@ -156,9 +133,7 @@ TEST_F(CompressionPage, OkStoresEverySettingForTheRegistry) {
     EXPECT_EQ(dialog->Ok(), 1);
 
     const ScratchSettings target;
-    dialog->Call([&](IPdfPrinterPreferences& object) {
-        object.StoreInRegistry(Compression, AutomationString(target.SubKey()).get());
-    });
+    StoreInRegistry(target);
     EXPECT_EQ(target.Number("Compression.Graphics"), 0);
     EXPECT_EQ(target.Number("Compression.ASCII"), 1);
     EXPECT_EQ(target.Number("Compression.Text"), 0);
@@ -183,7 +158,7 @@ TEST_F(CompressionPage, WithoutCompressionOfGraphicsEveryImageControlIsDisabledW
     stored.Compression.Graphics = 0;
     for (int method = 0; method < 7; ++method) {
         stored.Compression.Color.Method = method;
-        Reopen();
+        Open();
         EXPECT_FALSE(page.IsChecked(IDC_COMPRESSION_GRAPHICS));
         EXPECT_EQ(page.Selected(IDC_COMPRESSION_COLOR_METHOD), kColorMethods[static_cast<size_t>(method)]);
         EXPECT_TRUE(page.AreDisabled(kImageControls)) << method;
@@ -193,7 +168,7 @@ TEST_F(CompressionPage, WithoutCompressionOfGraphicsEveryImageControlIsDisabledW
 TEST_F(CompressionPage, OpensWithTheQualityEnabledForEveryMethodButNone) {
     for (int method = 0; method < 7; ++method) {
         stored.Compression.Color.Method = method;
-        Reopen();
+        Open();
         EXPECT_TRUE(method == 0 ? page.AreDisabled(kQualityControls) : page.AreEnabled(kImageControls))
             << method;
     }
