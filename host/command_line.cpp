@@ -153,9 +153,8 @@ CommandLineAnswer WrongUsage(std::string text) {
 }  // namespace
 
 std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(const std::vector<std::wstring>& arguments) {
-    std::vector<std::string> reversed;  // the order in which the parser takes them
-    for (const std::wstring& argument : arguments) reversed.push_back(Utf8FromWide(argument));
-    std::ranges::reverse(reversed);
+    std::vector<std::string> reversed(arguments.size());  // the order in which the parser takes them
+    std::transform(arguments.rbegin(), arguments.rend(), reversed.begin(), Utf8FromWide);
 
     Typed typed;
     Grammar grammar;

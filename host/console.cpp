@@ -10,7 +10,7 @@ namespace vmk {
 namespace {
 
 void Write(DWORD stream, std::string_view text) {
-    const HANDLE handle = GetStdHandle(stream);
+    HANDLE handle = GetStdHandle(stream);
     DWORD mode = 0;
     DWORD written = 0;
     if (GetConsoleMode(handle, &mode)) {

@@ -14,7 +14,7 @@
 namespace vmk {
 namespace {
 
-constexpr std::string_view kRootPath = "SOFTWARE\\Orrin Systems\\vmkctrl.PdfPrinterPreferences\\";
+constexpr std::string_view kRootPath = R"(SOFTWARE\Orrin Systems\vmkctrl.PdfPrinterPreferences\)";
 
 struct KeyTraits {
     using Value = HKEY;
@@ -84,8 +84,8 @@ std::optional<StoredSetting> ReadValue(HKEY key, DWORD index) {
     std::string name(256, '\0');
     std::string data(1024, '\0');
     for (;;) {
-        DWORD nameSize = static_cast<DWORD>(name.size());
-        DWORD dataSize = static_cast<DWORD>(data.size());
+        auto nameSize = static_cast<DWORD>(name.size());
+        auto dataSize = static_cast<DWORD>(data.size());
         DWORD type = 0;
         const LSTATUS status = RegEnumValueA(key, index, name.data(), &nameSize, nullptr, &type,
                                              reinterpret_cast<BYTE*>(data.data()), &dataSize);

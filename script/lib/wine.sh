@@ -35,34 +35,55 @@ wine_environment() {
 
 # wine_start SLOT: makes the prefix and starts the display unless they are there. The caller holds the slot's lock.
 wine_start() {
+    wine_start_display "$1"
+    wine_make_prefix "$1"
+    # Without a window manager Wine would wait two seconds for one at each modal dialog.
+    wine_managed "$1" N
+}
+
+# wine_start_display SLOT: starts the slot's virtual display unless it runs.
+wine_start_display() {
     local slot_dir="$wine_dir/$1"
     mkdir -p "$slot_dir"
-    if ! { [ -f "$slot_dir/xvfb.pid" ] && kill -0 "$(cat "$slot_dir/xvfb.pid")" 2>/dev/null; }; then
-        rm -f "$slot_dir/display"
-        : >"$slot_dir/display.new"
-        setsid Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp \
-            3>"$slot_dir/display.new" >"$slot_dir/xvfb.log" 2>&1 </dev/null 9>&- &
-        echo $! >"$slot_dir/xvfb.pid"
-        for _ in $(seq 200); do
-            [ -s "$slot_dir/display.new" ] && break
-            sleep 0.05
-        done
-        [ -s "$slot_dir/display.new" ] || {
-            echo "error: Xvfb did not start; see $slot_dir/xvfb.log" >&2
-            return 1
-        }
-        mv "$slot_dir/display.new" "$slot_dir/display"
+    if [ -f "$slot_dir/xvfb.pid" ] && kill -0 "$(cat "$slot_dir/xvfb.pid")" 2>/dev/null; then
+        return
     fi
+    rm -f "$slot_dir/display"
+    : >"$slot_dir/display.new"
+    setsid Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp \
+        3>"$slot_dir/display.new" >"$slot_dir/xvfb.log" 2>&1 </dev/null 9>&- &
+    echo $! >"$slot_dir/xvfb.pid"
+    for _ in $(seq 200); do
+        [ -s "$slot_dir/display.new" ] && break
+        sleep 0.05
+    done
+    [ -s "$slot_dir/display.new" ] || {
+        echo "error: Xvfb did not start; see $slot_dir/xvfb.log" >&2
+        return 1
+    }
+    mv "$slot_dir/display.new" "$slot_dir/display"
+}
+
+# wine_make_prefix SLOT: makes the prefix unless it is there, and exports what Wine needs to run in it.
+wine_make_prefix() {
+    local slot_dir="$wine_dir/$1"
+    mkdir -p "$slot_dir"
     wine_environment "$1"
-    if [ ! -f "$slot_dir/ready" ]; then
-        rm -rf "$slot_dir/prefix"
-        timeout 120 "$wine" wineboot -i >"$slot_dir/wineboot.log" 2>&1 9>&- || true
-        # Without a window manager Wine would wait two seconds for one at each modal dialog.
-        timeout 60 "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >>"$slot_dir/wineboot.log" 2>&1 9>&-
-        timeout 60 "$wine" reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
-            >>"$slot_dir/wineboot.log" 2>&1 9>&-
-        touch "$slot_dir/ready"
-    fi
+    [ ! -f "$slot_dir/ready" ] || return 0
+    rm -rf "$slot_dir/prefix" "$slot_dir/managed"
+    timeout 120 "$wine" wineboot -i >"$slot_dir/wineboot.log" 2>&1 9>&- || true
+    timeout 60 "$wine" reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
+        >>"$slot_dir/wineboot.log" 2>&1 9>&-
+    touch "$slot_dir/ready"
+}
+
+# wine_managed SLOT Y|N: whether windows of the prefix are left to a window manager.
+wine_managed() {
+    local slot_dir="$wine_dir/$1"
+    [ "$(cat "$slot_dir/managed" 2>/dev/null)" != "$2" ] || return 0
+    timeout 60 "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d "$2" /f \
+        >>"$slot_dir/wineboot.log" 2>&1 9>&-
+    echo "$2" >"$slot_dir/managed"
 }
 
 # wine_acquire: locks a free slot (file descriptor 9, until this process ends), waiting for the first when all are
@@ -82,14 +103,19 @@ wine_acquire() {
     export wine_slot=1
 }
 
-# wine_stop_all: ends the servers and displays of all slots; the prefixes stay for the next run.
-wine_stop_all() {
-    local slot_dir server
+# wine_stop SLOT: ends the slot's server and display; the prefix stays for the next run.
+wine_stop() {
+    local slot_dir="$wine_dir/$1" server
     server=$(command -v wineserver || echo /usr/lib/wine/wineserver)
+    [ ! -d "$slot_dir/prefix" ] || WINEPREFIX="$slot_dir/prefix" "$server" -k >/dev/null 2>&1 || true
+    [ ! -f "$slot_dir/xvfb.pid" ] || kill "$(cat "$slot_dir/xvfb.pid")" 2>/dev/null || true
+    rm -f "$slot_dir/xvfb.pid" "$slot_dir/display"
+}
+
+# wine_stop_all: ends the servers and displays of all slots.
+wine_stop_all() {
+    local slot_dir
     for slot_dir in "$wine_dir"/*/; do
-        [ -d "$slot_dir/prefix" ] && WINEPREFIX="${slot_dir}prefix" "$server" -k >/dev/null 2>&1
-        [ -f "$slot_dir/xvfb.pid" ] && kill "$(cat "$slot_dir/xvfb.pid")" 2>/dev/null
-        rm -f "$slot_dir/xvfb.pid" "$slot_dir/display"
+        wine_stop "$(basename "$slot_dir")"
     done
-    return 0
 }

@@ -38,7 +38,7 @@ TEST(GroupOfSetting, IsNoneForOtherNames) {
 TEST(Quoted, KeepsEachValueOnItsLine) {
     EXPECT_EQ(Quoted("plain"), "\"plain\"");
     EXPECT_EQ(Quoted(""), "\"\"");
-    EXPECT_EQ(Quoted("C:\\Out \"x\""), "\"C:\\\\Out \\\"x\\\"\"");
+    EXPECT_EQ(Quoted("C:\\Out \"x\""), R"("C:\\Out \"x\"")");
     EXPECT_EQ(Quoted("a\r\nb\tc\x01\x7F"), "\"a\\r\\nb\\tc\\x01\\x7f\"");
     EXPECT_EQ(Quoted("\xC3\xA4"), "\"\xC3\xA4\"");
 }
@@ -121,9 +121,9 @@ TEST(ReadStoredSettings, ShowsThatAPasswordIsEmpty) {
 
 TEST(NameOfSettingsKey, EndsWithTheSubKey) {
     EXPECT_EQ(NameOfSettingsKey(L""),
-              "HKEY_CURRENT_USER\\SOFTWARE\\Orrin Systems\\vmkctrl.PdfPrinterPreferences");
+              R"(HKEY_CURRENT_USER\SOFTWARE\Orrin Systems\vmkctrl.PdfPrinterPreferences)");
     EXPECT_EQ(NameOfSettingsKey(L"Office"),
-              "HKEY_CURRENT_USER\\SOFTWARE\\Orrin Systems\\vmkctrl.PdfPrinterPreferences\\Office");
+              R"(HKEY_CURRENT_USER\SOFTWARE\Orrin Systems\vmkctrl.PdfPrinterPreferences\Office)");
 }
 
 }  // namespace
