@@ -1,7 +1,6 @@
 #include "component/preferences.h"
 
 #include "component/guarded.h"
-#include "framework/com_pointer.h"
 
 namespace vmk {
 namespace {
@@ -12,11 +11,12 @@ PageSet PagesOf(PdfPrinterDialogPage pages) noexcept {
 
 }  // namespace
 
+ComPointer<CPdfPrinterPreferences> CPdfPrinterPreferences::Make() {
+    return ComPointer(new CPdfPrinterPreferences);
+}
+
 HRESULT CPdfPrinterPreferences::Create(REFIID riid, void** object) noexcept {
-    return Guarded([&] {
-        const ComPointer created(new CPdfPrinterPreferences);
-        return created->QueryInterface(riid, object);
-    });
+    return Guarded([&] { return Make()->QueryInterface(riid, object); });
 }
 
 HRESULT CPdfPrinterPreferences::QueryInterface(REFIID riid, void** object) noexcept {

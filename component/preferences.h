@@ -7,6 +7,7 @@
 #include "component/dispatcher.h"
 #include "component/module_lock.h"
 #include "component/preferences_editor.h"
+#include "framework/com_pointer.h"
 #include "vmkctrl.h"
 
 namespace vmk {
@@ -47,6 +48,7 @@ class CPdfPrinterPreferences final : public ISupportErrorInfo, public IPdfPrinte
   private:
     CPdfPrinterPreferences() = default;
     ~CPdfPrinterPreferences() = default;
+    static ComPointer<CPdfPrinterPreferences> Make();
 
     ModuleLock m_moduleLock;  // first, so that it is given back last
     ULONG m_references = 0;

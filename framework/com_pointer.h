@@ -47,6 +47,8 @@ class ComPointer {
 
     // The member is null before the release, which may run code that looks at it.
     void reset() noexcept {
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): objects free themselves in their last
+        // Release
         if (Interface* const object = detach()) object->Release();
     }
 

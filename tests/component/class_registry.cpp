@@ -40,7 +40,8 @@ void AddTree(HKEY key, const std::wstring& path, RegistryContent& content) {
         if (RegEnumKeyExW(key, index, name.data(), &nameLength, nullptr, nullptr, nullptr, nullptr) !=
             ERROR_SUCCESS)
             break;
-        for (auto& [below, value] : ReadTree(key, name.data())) content[path + L"\\" + below] = value;
+        for (const auto& [below, value] : ReadTree(key, name.data()))
+            content[std::wstring(path).append(L"\\").append(below)] = value;
     }
 }
 
