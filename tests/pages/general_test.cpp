@@ -94,7 +94,7 @@ TEST_F(GeneralPage, AMissingVersionShowsAsVersion14) {
 
 TEST_F(GeneralPage, EachVersionButtonStoresItsVersion) {
     Open();
-    for (const size_t index : {3, 2, 0, 1}) {
+    for (const size_t index : {3U, 2U, 0U, 1U}) {
         page.Click(kVersions[index]);
         EXPECT_EQ(CheckedVersions(), std::vector<UINT>{kVersions[index]});
         EXPECT_TRUE(dialog->IsApplyEnabled());
