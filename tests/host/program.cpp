@@ -1,7 +1,5 @@
 #include "tests/host/program.h"
 
-#include <windows.h>
-
 #include <gtest/gtest.h>
 
 #include <array>
@@ -57,36 +55,58 @@ std::wstring ArtifactFolder() {
     return std::filesystem::path(path.data()).parent_path().parent_path().wstring() + L"\\";
 }
 
-ProgramRun RunVmkprefs(const std::wstring& arguments) {
+struct RunningVmkprefs::Process {
     Pipe output;
     Pipe error;
+    Handle handle;
+    DWORD id = 0;
+};
+
+RunningVmkprefs::RunningVmkprefs(const std::wstring& arguments) : m_process(std::make_unique<Process>()) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdOutput = output.writer.get();
-    startup.hStdError = error.writer.get();
+    startup.hStdOutput = m_process->output.writer.get();
+    startup.hStdError = m_process->error.writer.get();
     std::wstring commandLine = L"\"" + ArtifactFolder() + L"vmkprefs.exe\" " + arguments;
     PROCESS_INFORMATION process{};
-    ProgramRun run;
     if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
                         &process)) {
         ADD_FAILURE() << "vmkprefs.exe cannot be started: " << GetLastError();
-        return run;
+        return;
     }
-    const Handle thread(process.hThread);
-    const Handle handle(process.hProcess);
+    CloseHandle(process.hThread);
+    m_process->handle.attach(process.hProcess);
+    m_process->id = process.dwProcessId;
+}
+
+RunningVmkprefs::~RunningVmkprefs() {
+    if (m_process->handle) TerminateProcess(m_process->handle.get(), 99);
+}
+
+DWORD RunningVmkprefs::ProcessId() const {
+    return m_process->id;
+}
+
+ProgramRun RunningVmkprefs::Finish() {
+    ProgramRun run;
+    const Handle handle = std::move(m_process->handle);
+    if (!handle) return run;
     if (WaitForSingleObject(handle.get(), kPatience) != WAIT_OBJECT_0) {
         ADD_FAILURE() << "vmkprefs.exe does not end";
         TerminateProcess(handle.get(), 99);
-        WaitForSingleObject(handle.get(), kPatience);
         return run;
     }
     DWORD status = 0;
     GetExitCodeProcess(handle.get(), &status);
     run.status = static_cast<int>(status);
-    run.output = output.ReadAll();
-    run.error = error.ReadAll();
+    run.output = m_process->output.ReadAll();
+    run.error = m_process->error.ReadAll();
     return run;
+}
+
+ProgramRun RunVmkprefs(const std::wstring& arguments) {
+    return RunningVmkprefs(arguments).Finish();
 }
 
 }  // namespace vmk::test

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <windows.h>
+
+#include <memory>
 #include <string>
 
 namespace vmk::test {
@@ -11,8 +14,25 @@ struct ProgramRun {
     std::string error;
 };
 
-// Runs the vmkprefs.exe of this build with the arguments, written as on a command line, and waits for its
-// end.
+// A vmkprefs.exe of this build that runs. One that is still there at the end is ended.
+class RunningVmkprefs {
+  public:
+    // Starts it with the arguments, written as on a command line.
+    explicit RunningVmkprefs(const std::wstring& arguments);
+    ~RunningVmkprefs();
+    RunningVmkprefs(const RunningVmkprefs&) = delete;
+    RunningVmkprefs& operator=(const RunningVmkprefs&) = delete;
+
+    DWORD ProcessId() const;
+    // Waits for its end.
+    ProgramRun Finish();
+
+  private:
+    struct Process;
+    std::unique_ptr<Process> m_process;
+};
+
+// Runs it from start to end.
 ProgramRun RunVmkprefs(const std::wstring& arguments);
 
 // The folder of vmkprefs.exe and vmkctrl.dll, ending with a backslash.

@@ -72,7 +72,7 @@ std::wstring ClassOf(HWND window) {
 
 HWND ListOf(HWND dialog) {
     for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-        const HWND list = GetDlgItem(child, kListId);
+        HWND list = GetDlgItem(child, kListId);
         if (list && ClassOf(list) == WC_LISTVIEWW) return list;
     }
     return nullptr;
@@ -131,7 +131,7 @@ std::wstring ItemText(HWND list, int index) {
 }
 
 bool PrintPages() {
-    const HWND list = ListOf(FindDialog());
+    HWND list = ListOf(FindDialog());
     if (!list) return false;
     const int count = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
     for (int index = 0; index < count; ++index) {
@@ -144,7 +144,7 @@ bool PrintPages() {
 }
 
 bool PrintPage(int index) {
-    const HWND list = ListOf(FindDialog());
+    HWND list = ListOf(FindDialog());
     if (!list) return false;
     SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(index), FALSE);
     RECT rectangle{.left = LVIR_LABEL, .top = 0, .right = 0, .bottom = 0};
@@ -162,7 +162,7 @@ bool PrintPage(int index) {
 
 int VisiblePages(HWND list) {
     int count = 0;
-    const HWND frame = GetDlgItem(GetParent(list), kFrameId);
+    HWND frame = GetDlgItem(GetParent(list), kFrameId);
     for (HWND page = GetWindow(frame, GW_CHILD); page; page = GetWindow(page, GW_HWNDNEXT)) {
         if (IsWindowVisible(page)) ++count;
     }
@@ -171,7 +171,7 @@ int VisiblePages(HWND list) {
 
 bool WaitForPage(int index) {
     return Wait([&] {
-        const HWND list = ListOf(FindDialog());
+        HWND list = ListOf(FindDialog());
         return list && SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED) == index &&
                VisiblePages(list) == 1;
     });
@@ -201,7 +201,7 @@ std::string StateOf(HWND control) {
 bool PrintControl(int id) {
     ControlSearch search{.id = id};
     const bool found = Wait([&] {
-        if (const HWND dialog = FindDialog()) {
+        if (HWND dialog = FindDialog()) {
             EnumChildWindows(dialog, IsVisibleControl, reinterpret_cast<LPARAM>(&search));
         }
         return search.found != nullptr;
