@@ -1,5 +1,7 @@
 #include "framework/window.h"
 
+#include <utility>
+
 namespace vmk {
 namespace {
 
@@ -27,7 +29,36 @@ WNDPROC CurrentProc(HWND hwnd) noexcept {
 
 }  // namespace
 
+// A message on its way through an object. Messages nest, and each of them may destroy the window or the
+// object; the object tells all of them when it goes.
+class Window::Handling {
+  public:
+    explicit Handling(Window& object) noexcept : m_object(&object), m_outer(object.m_handling) {
+        object.m_handling = this;
+    }
+    ~Handling() {
+        if (!m_object) return;
+        m_object->m_handling = m_outer;
+        if (m_object->m_lastWindow && !m_outer)
+            m_object->OnFinalMessage(std::exchange(m_object->m_lastWindow, nullptr));
+    }
+    Handling(const Handling&) = delete;
+    Handling& operator=(const Handling&) = delete;
+
+    // Null once the object is gone.
+    Window* Object() const noexcept { return m_object; }
+
+    static void ForgetObject(Handling* innermost) noexcept {
+        for (; innermost; innermost = innermost->m_outer) innermost->m_object = nullptr;
+    }
+
+  private:
+    Window* m_object;
+    Handling* m_outer;
+};
+
 Window::~Window() {
+    Handling::ForgetObject(m_handling);
     if (m_hwnd) Detach();
 }
 
@@ -58,6 +89,12 @@ void Window::Detach() noexcept {
     RemovePropW(hwnd, kSuperProcProperty);
 }
 
+void Window::DetachForEver() noexcept {
+    m_lastWindow = m_hwnd;
+    Detach();
+    RemovePropW(m_lastWindow, kSuperProcProperty);
+}
+
 LRESULT Window::DefaultProc(UINT msg, WPARAM wParam, LPARAM lParam) const noexcept {
     return CallWindowProcW(SuperProc(m_hwnd), m_hwnd, msg, wParam, lParam);
 }
@@ -77,17 +114,11 @@ LRESULT CALLBACK Window::WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM l
     auto* const object = static_cast<Window*>(GetPropW(hwnd, kObjectProperty));
     if (!object) return CallWindowProcW(superProc, hwnd, msg, wParam, lParam);
 
+    const Handling handling(*object);
     const std::optional<LRESULT> answer = object->Dispatch(hwnd, msg, wParam, lParam);
     if (msg != WM_NCDESTROY) return answer ? *answer : CallWindowProcW(superProc, hwnd, msg, wParam, lParam);
 
-    // The object may be gone after its own answer to the last message.
-    if (GetPropW(hwnd, kObjectProperty) == object) {
-        object->Detach();
-        RemovePropW(hwnd, kSuperProcProperty);
-        const LRESULT last = CallWindowProcW(superProc, hwnd, msg, wParam, lParam);
-        object->OnFinalMessage(hwnd);
-        return last;
-    }
+    if (handling.Object()) object->DetachForEver();
     return CallWindowProcW(superProc, hwnd, msg, wParam, lParam);
 }
 

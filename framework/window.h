@@ -31,22 +31,26 @@ class Window {
     virtual std::optional<LRESULT> ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam,
                                                         LPARAM lParam) = 0;
 
-    // The object's last call as the owner of a window, after the window's last message. May delete the
-    // object.
-    virtual void OnFinalMessage(HWND /*hwnd*/) {}
+    // The object's last call as the owner of a window: after the window's last message, and after every other
+    // message of the window that the object is still handling. May delete the object.
+    virtual void OnFinalMessage(HWND /*hwnd*/) noexcept {}
 
     // What the window would do with a message if this object were not attached.
     LRESULT DefaultProc(UINT msg, WPARAM wParam, LPARAM lParam) const noexcept;
 
   private:
     friend class Dialog;
+    class Handling;
 
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept;
 
     std::optional<LRESULT> Dispatch(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept;
     void Detach() noexcept;
+    void DetachForEver() noexcept;
 
     HWND m_hwnd = nullptr;
+    HWND m_lastWindow = nullptr;     // detached by its last message, OnFinalMessage still to come
+    Handling* m_handling = nullptr;  // the innermost message
 };
 
 }  // namespace vmk

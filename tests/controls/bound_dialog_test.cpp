@@ -1,0 +1,123 @@
+#include "controls/bound_dialog.h"
+
+#include <windows.h>
+// These need windows.h before them.
+#include <commctrl.h>
+#include <olectl.h>
+
+#include "controls/checkbox.h"
+#include "controls/edit_int.h"
+#include "controls/edit_text.h"
+#include "tests/controls/live_page.h"
+
+namespace vmk::test {
+namespace {
+
+class PageOfBoundControls : public ControlTest {
+  protected:
+    void OpenCheckbox() {
+        Open(IDD_TEST_CHECKBOX, [&](TestPage& bound) { box.Bind(bound, IDC_TEST_SUBJECT, field); });
+    }
+
+    std::int32_t field = 0;
+    CMyCheckbox box;
+};
+
+TEST_F(PageOfBoundControls, HandsItsControlsTheEnvironment) {
+    OpenCheckbox();
+    EXPECT_EQ(box.applyButton, Apply());
+    EXPECT_EQ(box.bound, 1);
+    EXPECT_EQ(box.pageSet, 0U);
+}
+
+TEST_F(PageOfBoundControls, SeesACommandBeforeTheControlAndMayKeepIt) {
+    OpenCheckbox();
+    std::vector<UINT> seen;
+    bool keeps = true;
+    page.onCommand = [&](Command command) {
+        if (command.code == BN_CLICKED) seen.push_back(command.id);
+        return keeps;
+    };
+    page.ClickItem(IDC_TEST_SUBJECT);
+    EXPECT_EQ(seen, std::vector<UINT>{IDC_TEST_SUBJECT});
+    EXPECT_FALSE(IsApplyEnabled());
+    keeps = false;
+    page.ClickItem(IDC_TEST_SUBJECT);
+    EXPECT_EQ(seen.size(), 2U);
+    EXPECT_TRUE(IsApplyEnabled());
+}
+
+TEST_F(PageOfBoundControls, LosesTheEffectsOfAnExceptionOnly) {
+    OpenCheckbox();
+    page.onCommand = [](Command) -> bool { throw std::bad_alloc(); };
+    page.ClickItem(IDC_TEST_SUBJECT);
+    EXPECT_TRUE(page.IsItemChecked(IDC_TEST_SUBJECT));
+    EXPECT_FALSE(IsApplyEnabled());
+}
+
+TEST_F(PageOfBoundControls, NotificationsThatAControlDoesNotHandleGetTheDefaultAnswer) {
+    std::wstring text;
+    CMyEditText edit;
+    Open(IDD_TEST_EDIT_TEXT, [&](TestPage& bound) { edit.Bind(bound, IDC_TEST_SUBJECT, text); });
+    const HDC context = GetDC(Control());
+    const LRESULT brush = SendMessageW(page.Handle(), WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(context),
+                                       reinterpret_cast<LPARAM>(Control()));
+    ReleaseDC(Control(), context);
+    EXPECT_EQ(reinterpret_cast<HBRUSH>(brush), GetSysColorBrush(COLOR_WINDOW));
+    EXPECT_EQ(SendMessageW(Control(), OCM_VKEYTOITEM, 0, reinterpret_cast<LPARAM>(Control())), -1);
+}
+
+TEST_F(PageOfBoundControls, TurnsAProposedChangeOfASpinIntoOneStep) {
+    std::int32_t number = 50;
+    CMyEditInt edit;
+    Open(IDD_TEST_EDIT_INT, [&](TestPage& bound) {
+        edit.Bind(bound, IDC_TEST_SUBJECT, number, {.minimum = 1, .maximum = 100});
+        edit.Show();
+    });
+    page.spins.push_back({.id = IDC_TEST_SPIN, .edit = edit});
+    const auto propose = [&](int change, UINT_PTR id, UINT code) {
+        NMUPDOWN proposal = {.hdr = {.hwndFrom = Control(IDC_TEST_SPIN), .idFrom = id, .code = code},
+                             .iPos = 0,
+                             .iDelta = change};
+        SendMessageW(page.Handle(), WM_NOTIFY, id, reinterpret_cast<LPARAM>(&proposal));
+        return Text();
+    };
+    EXPECT_EQ(propose(-1, IDC_TEST_SPIN, UDN_DELTAPOS), L"51");
+    EXPECT_EQ(propose(-5, IDC_TEST_SPIN, UDN_DELTAPOS), L"52");
+    EXPECT_EQ(propose(1, IDC_TEST_SPIN, UDN_DELTAPOS), L"51");
+    EXPECT_EQ(propose(1, IDC_TEST_SPIN, NM_CLICK), L"51");
+    EXPECT_EQ(propose(1, IDC_TEST_SUBJECT, UDN_DELTAPOS), L"51");
+}
+
+TEST_F(PageOfBoundControls, HandsOtherNotificationsToItsOwnHandler) {
+    OpenCheckbox();
+    std::vector<UINT> seen;
+    page.onNotify = [&](const NMHDR& header) {
+        seen.push_back(header.code);
+        return true;
+    };
+    NMHDR header = {.hwndFrom = Control(IDC_TEST_DEPENDENT_BUTTON),
+                    .idFrom = IDC_TEST_DEPENDENT_BUTTON,
+                    .code = NM_CLICK};
+    SendMessageW(page.Handle(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+    EXPECT_EQ(seen, (std::vector<UINT>{NM_CLICK}));
+}
+
+TEST_F(PageOfBoundControls, EnablesShowsAndChecksItsItems) {
+    OpenCheckbox();
+    page.EnableItem(IDC_TEST_DEPENDENT_EDIT, false);
+    EXPECT_FALSE(IsEnabled(IDC_TEST_DEPENDENT_EDIT));
+    page.EnableItem(IDC_TEST_DEPENDENT_EDIT, true);
+    EXPECT_TRUE(IsEnabled(IDC_TEST_DEPENDENT_EDIT));
+    page.ShowItem(IDC_TEST_DEPENDENT_EDIT, false);
+    EXPECT_FALSE(IsWindowVisible(Control(IDC_TEST_DEPENDENT_EDIT)));
+    page.ShowItem(IDC_TEST_DEPENDENT_EDIT, true);
+    EXPECT_TRUE(IsWindowVisible(Control(IDC_TEST_DEPENDENT_EDIT)));
+    page.CheckItem(IDC_TEST_SUBJECT, true);
+    EXPECT_TRUE(page.IsItemChecked(IDC_TEST_SUBJECT));
+    page.CheckItem(IDC_TEST_SUBJECT, false);
+    EXPECT_FALSE(page.IsItemChecked(IDC_TEST_SUBJECT));
+}
+
+}  // namespace
+}  // namespace vmk::test

@@ -1,0 +1,152 @@
+#include "controls/edit_double.h"
+
+#include <optional>
+
+#include "tests/controls/live_page.h"
+
+namespace vmk::test {
+namespace {
+
+class BoundEditDouble : public ControlTest {
+  protected:
+    void Open(double stored, const CMyEditDouble::Options& options = {.minimum = 0.5, .maximum = 100.0}) {
+        field = stored;
+        edit.emplace();
+        ControlTest::Open(IDD_TEST_EDIT_DOUBLE, [&, options](TestPage& bound) {
+            edit->Bind(bound, IDC_TEST_SUBJECT, field, options);
+            edit->Show();
+        });
+        page.spins.push_back({.id = IDC_TEST_SPIN, .edit = *edit});
+    }
+    double Stored() {
+        edit->Store();
+        return field;
+    }
+
+    double field = 0.0;
+    std::optional<CMyEditDouble> edit;
+};
+
+TEST_F(BoundEditDouble, ShowsTheFieldInItsFormat) {
+    struct Case {
+        double stored;
+        const wchar_t* format;
+        const wchar_t* shown;
+    };
+    const Case cases[] = {{1.0, L"%1.3f", L"1.000"},
+                          {2.54, L"%1.1f", L"2.5"},
+                          {-0.25, L"%1.2f", L"-0.25"},
+                          {7.0, L"%1.0f", L"7"},
+                          {0.1, L"%g pt", L"0.1 pt"}};
+    for (const Case& expected : cases) {
+        Open(expected.stored, {.format = expected.format});
+        EXPECT_EQ(Text(), expected.shown);
+    }
+}
+
+TEST_F(BoundEditDouble, ShowsTheLargestNumberWhole) {
+    Open(1e308, {.format = L"%1.3f"});
+    EXPECT_EQ(Text().size(), 309U + 4U);
+}
+
+TEST_F(BoundEditDouble, TypingEnablesApply) {
+    Open(1.0);
+    Focus();
+    PressKey('4');
+    EXPECT_TRUE(Until([&] { return Text().find(L'4') != std::wstring::npos; }));
+    EXPECT_TRUE(IsApplyEnabled());
+}
+
+TEST_F(BoundEditDouble, ATypedNumberCountsWholeAndIsShownInTheFormatAfterTheBoxIsLeft) {
+    Open(1.0);
+    Focus();
+    EnterText(L"1.23456");
+    EXPECT_EQ(Stored(), 1.0);
+    Focus(IDC_TEST_LAST_STOP);
+    EXPECT_EQ(Text(), L"1.235");
+    EXPECT_EQ(Stored(), 1.23456);
+}
+
+TEST_F(BoundEditDouble, TheLimitsThemselvesAreAccepted) {
+    for (const double number : {0.5, 100.0}) {
+        Open(1.0);
+        EnterTextAndLeave(std::to_wstring(number));
+        EXPECT_EQ(GetFocus(), Control(IDC_TEST_LAST_STOP));
+        EXPECT_EQ(Stored(), number);
+    }
+}
+
+TEST_F(BoundEditDouble, ANumberOutsideTheLimitsIsRefusedAndTheFocusComesBack) {
+    for (const wchar_t* const refused : {L"0.499", L"100.001", L"-1", L"1e3", L"inf", L"-inf", L"nan"}) {
+        Open(2.5);
+        EnterTextAndLeave(refused);
+        EXPECT_EQ(Text(), L"2.500") << refused;
+        EXPECT_EQ(GetFocus(), Control()) << refused;
+        EXPECT_EQ(Stored(), 2.5) << refused;
+    }
+}
+
+TEST_F(BoundEditDouble, ARefusedNumberBringsBackTheLastStoredOneInTheFormat) {
+    Open(1.0);
+    EnterTextAndLeave(L"50.5");
+    edit->Store();
+    EnterTextAndLeave(L"60");
+    EnterTextAndLeave(L"150");
+    EXPECT_EQ(Text(), L"50.500");
+    EXPECT_EQ(Stored(), 50.5);
+}
+
+TEST_F(BoundEditDouble, ATextThatIsNoNumberCountsAsZero) {
+    for (const wchar_t* const text : {L"word", L"", L"."}) {
+        Open(1.0, {});
+        EnterTextAndLeave(text);
+        EXPECT_EQ(Text(), L"0.000") << text;
+        EXPECT_EQ(Stored(), 0.0) << text;
+
+        Open(1.0);
+        EnterTextAndLeave(text);
+        EXPECT_EQ(Text(), L"1.000") << text;
+    }
+}
+
+TEST_F(BoundEditDouble, ANumberFollowedByAnythingCounts) {
+    Open(1.0);
+    EnterTextAndLeave(L"12.5 pt");
+    EXPECT_EQ(Text(), L"12.500");
+}
+
+TEST_F(BoundEditDouble, OnlyTheFirstTwentyCharactersAreRead) {
+    Open(1.0, {});
+    EnterTextAndLeave(L"00000000000000000012345");
+    EXPECT_EQ(Stored(), 12.0);
+}
+
+TEST_F(BoundEditDouble, WithoutARangeAnyNumberIsAcceptedAndNothingIsStepped) {
+    Open(1.0, {});
+    EnterTextAndLeave(L"-1e9");
+    EXPECT_EQ(Stored(), -1e9);
+    EXPECT_FALSE(edit->StepUp());
+    EXPECT_FALSE(edit->StepDown());
+    EXPECT_EQ(Stored(), -1e9);
+}
+
+TEST_F(BoundEditDouble, StepsWithinItsLimitsAndEnablesApply) {
+    Open(99.5);
+    EXPECT_TRUE(edit->StepUp());
+    EXPECT_TRUE(IsApplyEnabled());
+    EXPECT_EQ(Stored(), 100.0);
+    EnterText(L"1");
+    EXPECT_TRUE(edit->StepDown());
+    EXPECT_EQ(Text(), L"0.500");
+    EXPECT_EQ(Stored(), 0.5);
+}
+
+TEST_F(BoundEditDouble, GoingThroughTheBoxWithoutTypingIsNoChange) {
+    Open(1.23456);
+    Focus();
+    Focus(IDC_TEST_LAST_STOP);
+    EXPECT_FALSE(IsApplyEnabled());
+}
+
+}  // namespace
+}  // namespace vmk::test
