@@ -15,7 +15,7 @@ void BoundDialog::CheckItem(UINT id, bool check) const noexcept {
 }
 
 void BoundDialog::ClickItem(UINT id) const noexcept {
-    const HWND focus = GetFocus();
+    HWND focus = GetFocus();
     SendMessageW(Item(id), BM_CLICK, 0, 0);
     // While the dialog opens, the focus may still be outside; the dialog manager places it then.
     if (GetFocus() != focus && IsChild(GetAncestor(Handle(), GA_ROOT), focus)) SetFocus(focus);

@@ -226,7 +226,7 @@ void CDlgSave::AppendMacro() {
 
 // The command chosen from the menu below the button, 0 for none.
 UINT CDlgSave::AskForMacro() const {
-    const HMENU popup = GetSubMenu(m_macros.get(), 0);
+    HMENU popup = GetSubMenu(m_macros.get(), 0);
     TranslateMenuTexts(popup);
     RECT button{};
     GetWindowRect(Item(IDC_SAVE_MACRO), &button);

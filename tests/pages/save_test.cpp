@@ -201,7 +201,7 @@ TEST(SavePage, TheSameFolderDisablesThePathWithItsLabel) {
 
 TEST(SavePage, TheFoldersAndTheApplicationsPathsCannotBeTyped) {
     const RecordPage open;
-    for (const UINT id : {IDC_SAVE_FOLDER, IDC_SAVE_APP})
+    for (const UINT id : std::vector<UINT>{IDC_SAVE_FOLDER, IDC_SAVE_APP})
         EXPECT_TRUE(GetWindowLongW(open.page.Control(id), GWL_STYLE) & ES_READONLY);
 }
 
@@ -239,10 +239,12 @@ TEST(SavePage, TheSpinsStepWithinTheLimits) {
 }
 
 TEST(SavePage, ANumberOutsideTheLimitsIsRefused) {
-    for (const auto& [edit, text] :
-         {std::pair(IDC_SAVE_START, L"-1"), std::pair(IDC_SAVE_START, L"2147483648"),
-          std::pair(IDC_SAVE_DIGITS, L"0"), std::pair(IDC_SAVE_DIGITS, L"7"),
-          std::pair(IDC_SAVE_DIGITS, L"many")}) {
+    const std::vector<std::pair<UINT, const wchar_t*>> rows = {{IDC_SAVE_START, L"-1"},
+                                                               {IDC_SAVE_START, L"2147483648"},
+                                                               {IDC_SAVE_DIGITS, L"0"},
+                                                               {IDC_SAVE_DIGITS, L"7"},
+                                                               {IDC_SAVE_DIGITS, L"many"}};
+    for (const auto& [edit, text] : rows) {
         const RecordPage open(Numbering());
         open.page.EnterTextAndLeave(edit, text, IDC_SAVE_FILE_NAME);
         EXPECT_EQ(open.page.Text(edit), edit == IDC_SAVE_START ? L"1" : L"3") << text;
@@ -335,10 +337,11 @@ TEST(SavePage, EveryFormOfTheStoredApplicationCanBecomeEveryOther) {
             open.dialog.Call([&](IPdfPrinterPreferences& object) {
                 object.StoreInRegistry(Save, AutomationString(settings.SubKey()).get());
             });
-            if (to == Form::kProgram)
+            if (to == Form::kProgram) {
                 EXPECT_EQ(settings.Text("Save.App.Run"), L"C:\\other.exe");
-            else
+            } else {
                 EXPECT_EQ(settings.Number("Save.App.Run"), to == Form::kDefault ? 1 : 0);
+            }
         }
     }
 }
@@ -387,7 +390,7 @@ TEST(SavePage, ASecondDialogShowsTheApplicationThatDoesNotRun) {
         });
         return 0;
     };
-    const HANDLE thread = CreateThread(nullptr, 0, reopen, &open, 0, nullptr);
+    HANDLE thread = CreateThread(nullptr, 0, reopen, &open, 0, nullptr);
     HWND second = nullptr;
     ASSERT_TRUE(WaitUntil([&] {
         second = FindWindowW(nullptr, L"Second Save");
@@ -534,9 +537,10 @@ TEST(SavePage, TabGoesRoundThePage) {
     const RecordPage open(record);
     open.page.Focus(IDC_SAVE_PREDEFINED);
     for (const UINT id :
-         {IDC_SAVE_SAME_FOLDER, IDC_SAVE_FOLDER, IDC_SAVE_FOLDER_BROWSE, IDC_SAVE_FILE_NAME, IDC_SAVE_MACRO,
-          IDC_SAVE_EXISTS, IDC_SAVE_START, IDC_SAVE_DIGITS, IDC_SAVE_RUN, IDC_SAVE_GIVEN_APP, IDC_SAVE_APP,
-          IDC_SAVE_APP_BROWSE, IDC_SAVE_PARAMETERS, IDC_SAVE_PREDEFINED}) {
+         std::vector<UINT>{IDC_SAVE_SAME_FOLDER, IDC_SAVE_FOLDER, IDC_SAVE_FOLDER_BROWSE, IDC_SAVE_FILE_NAME,
+                           IDC_SAVE_MACRO, IDC_SAVE_EXISTS, IDC_SAVE_START, IDC_SAVE_DIGITS, IDC_SAVE_RUN,
+                           IDC_SAVE_GIVEN_APP, IDC_SAVE_APP, IDC_SAVE_APP_BROWSE, IDC_SAVE_PARAMETERS,
+                           IDC_SAVE_PREDEFINED}) {
         open.dialog.PressKey(VK_TAB);
         EXPECT_TRUE(open.dialog.FocusReaches(open.page.Control(id))) << id;
     }
@@ -597,7 +601,7 @@ bool MenuIsGone(HWND menu) {
 
 // Chooses the n-th item, counted from 1, with the arrow keys and Enter, or none with Escape.
 void PickFromMenu(const OpenPage& open, int item) {
-    const HWND menu = OpenMenu(open);
+    HWND menu = OpenMenu(open);
     ASSERT_TRUE(menu);
     for (int count = 0; count < item; ++count) open.dialog.PressKey(VK_DOWN);
     open.dialog.PressKey(item ? VK_RETURN : VK_ESCAPE);
@@ -618,7 +622,7 @@ std::vector<std::wstring> MenuTexts(HWND menuWindow) {
 
 TEST(SavePage, TheMacroMenuStandsBelowItsButtonAndListsTheMacros) {
     const RecordPage open;
-    const HWND menu = OpenMenu(open);
+    HWND menu = OpenMenu(open);
     ASSERT_TRUE(menu);
     std::vector<std::wstring> expected;
     for (const auto& macro : kMacros) expected.emplace_back(macro.item);
@@ -684,7 +688,7 @@ TEST(SavePage, TheMenuIsTranslatedAndItsMacrosAreNot) {
     const LanguageFolder german({{L"Year", L"Jahr"}, {L"Document Name", L"Dokumentname"}});
     const RecordPage open({}, 0x0407);
     for (int time = 0; time < 2; ++time) {
-        const HWND menu = OpenMenu(open);
+        HWND menu = OpenMenu(open);
         ASSERT_TRUE(menu);
         const std::vector<std::wstring> texts = MenuTexts(menu);
         EXPECT_EQ(texts[0], L"Dokumentname");
@@ -732,8 +736,8 @@ class TemporaryFile {
 // Types into the name box of the system's open-file dialog.
 void EnterFileName(const LiveWindow& fileDialog, const std::wstring& name) {
     constexpr UINT kNameBox = 0x47C;
-    const HWND combo = FindWindowExW(fileDialog.Control(kNameBox), nullptr, L"ComboBox", nullptr);
-    const HWND edit = FindWindowExW(combo, nullptr, L"Edit", nullptr);
+    HWND combo = FindWindowExW(fileDialog.Control(kNameBox), nullptr, L"ComboBox", nullptr);
+    HWND edit = FindWindowExW(combo, nullptr, L"Edit", nullptr);
     ASSERT_TRUE(edit);
     SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
 }
