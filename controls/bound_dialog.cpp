@@ -14,6 +14,13 @@ void BoundDialog::CheckItem(UINT id, bool check) const noexcept {
     SendMessageW(Item(id), BM_SETCHECK, check ? BST_CHECKED : BST_UNCHECKED, 0);
 }
 
+void BoundDialog::ClickItem(UINT id) const noexcept {
+    HWND focus = GetFocus();
+    SendMessageW(Item(id), BM_CLICK, 0, 0);
+    // While the dialog opens, the focus may still be outside; the dialog manager places it then.
+    if (GetFocus() != focus && IsChild(GetAncestor(Handle(), GA_ROOT), focus)) SetFocus(focus);
+}
+
 std::optional<LRESULT> BoundDialog::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
     switch (msg) {
         case WM_INITDIALOG:

@@ -41,8 +41,8 @@ class BoundDialog : public Dialog, public CDialogEnv {
     void ShowItem(UINT id, bool show) const noexcept { ShowWindow(Item(id), show ? SW_SHOW : SW_HIDE); }
     bool IsItemChecked(UINT id) const noexcept;
     void CheckItem(UINT id, bool check) const noexcept;
-    // A click as if by the user, with all that follows from it.
-    void ClickItem(UINT id) const noexcept { SendMessageW(Item(id), BM_CLICK, 0, 0); }
+    // A click as if by the user, with all that follows from it, except that the focus stays where it is.
+    void ClickItem(UINT id) const noexcept;
 
   protected:
     std::optional<LRESULT> ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;

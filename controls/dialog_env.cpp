@@ -12,4 +12,8 @@ void CDialogEnv::TranslateWindowTexts(HWND window) const {
     if (translator) translator->TranslateWindow(window, true);
 }
 
+void CDialogEnv::TranslateMenuTexts(HMENU menu) const {
+    if (translator) translator->TranslateMenu(menu);
+}
+
 }  // namespace vmk

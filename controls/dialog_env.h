@@ -37,6 +37,8 @@ struct CDialogEnv {
     std::wstring Translate(std::wstring_view text) const;
     // Translates a window with everything in it.
     void TranslateWindowTexts(HWND window) const;
+    // Translates the items of a menu, those of its submenus included.
+    void TranslateMenuTexts(HMENU menu) const;
 };
 
 }  // namespace vmk

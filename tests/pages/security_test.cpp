@@ -122,8 +122,9 @@ TEST(SecurityPage, SecurityOffHidesThePermissionsAndOnBringsTheSamePanelBack) {
 }
 
 TEST(SecurityPage, ThePasswordBoxesEnableTheirEditsAndApply) {
-    for (const auto& [box, dependents] : {std::pair(IDC_SECURITY_USE_USER_PASSWORD, kUserPassword),
-                                          std::pair(IDC_SECURITY_USE_OWNER_PASSWORD, kOwnerPassword)}) {
+    for (const auto& [box, dependents] :
+         {std::pair<UINT, std::vector<UINT>>(IDC_SECURITY_USE_USER_PASSWORD, kUserPassword),
+          std::pair<UINT, std::vector<UINT>>(IDC_SECURITY_USE_OWNER_PASSWORD, kOwnerPassword)}) {
         const OpenPage open(Secured());
         open.page.Click(box);
         EXPECT_TRUE(open.page.AreEnabled(dependents));
@@ -212,7 +213,7 @@ TEST(SecurityPage, ARequiredPasswordMayBeEmpty) {
 
 TEST(SecurityPage, PasswordsShowAsDots) {
     const OpenPage open(Secured());
-    for (const UINT id : {IDC_SECURITY_USER_PASSWORD, IDC_SECURITY_OWNER_PASSWORD}) {
+    for (const UINT id : std::vector<UINT>{IDC_SECURITY_USER_PASSWORD, IDC_SECURITY_OWNER_PASSWORD}) {
         EXPECT_TRUE(GetWindowLongW(open.page.Control(id), GWL_STYLE) & ES_PASSWORD);
         EXPECT_NE(SendMessageW(open.page.Control(id), EM_GETPASSWORDCHAR, 0, 0), 0);
     }
@@ -370,8 +371,8 @@ TEST(SecurityPage, TabAndEnterGoThroughThePageAndThenRoundThePanel) {
                                                       IDC_SECURITY_128_CHANGES, IDC_SECURITY_128_PRINTING};
 
             open.page.Focus(IDC_SECURITY_USE);
-            for (const UINT id : {IDC_SECURITY_USE_USER_PASSWORD, IDC_SECURITY_USER_PASSWORD,
-                                  IDC_SECURITY_USE_OWNER_PASSWORD, IDC_SECURITY_LEVEL}) {
+            for (const UINT id : std::vector<UINT>{IDC_SECURITY_USE_USER_PASSWORD, IDC_SECURITY_USER_PASSWORD,
+                                                   IDC_SECURITY_USE_OWNER_PASSWORD, IDC_SECURITY_LEVEL}) {
                 open.dialog->PressKey(key);
                 EXPECT_TRUE(open.dialog->FocusReaches(open.page.Control(id))) << id;
             }
