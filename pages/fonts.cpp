@@ -1,13 +1,95 @@
 #include "pages/fonts.h"
 
+#include <utility>
+#include <vector>
+
+#include "pages/installed_fonts.h"
 #include "resources/ids/fonts.h"
 
 namespace vmk {
+namespace {
+
+constexpr UINT kLists[] = {IDC_FONTS_AVAILABLE, IDC_FONTS_ALWAYS, IDC_FONTS_NEVER};
+
+struct MoveButton {
+    UINT button;
+    UINT source;
+    UINT target;
+};
+
+constexpr MoveButton kMoveButtons[] = {
+    {IDC_FONTS_ADD_ALWAYS, IDC_FONTS_AVAILABLE, IDC_FONTS_ALWAYS},
+    {IDC_FONTS_ADD_NEVER, IDC_FONTS_AVAILABLE, IDC_FONTS_NEVER},
+    {IDC_FONTS_REMOVE_ALWAYS, IDC_FONTS_ALWAYS, IDC_FONTS_AVAILABLE},
+    {IDC_FONTS_REMOVE_NEVER, IDC_FONTS_NEVER, IDC_FONTS_AVAILABLE},
+};
+
+}  // namespace
 
 CDlgFonts::CDlgFonts() : CPage(IDD_FONTS) {}
 
-void CDlgFonts::LoadPage() {}
+void CDlgFonts::LoadPage() {
+    m_icons = LoadIconStrip(IDB_FONT_ICONS);
 
-void CDlgFonts::StorePage() {}
+    auto& embed = settings->Fonts.Embedd;
+    m_all.Bind(*this, IDC_FONTS_EMBED_ALL, embed.All);
+    m_protected.Bind(*this, IDC_FONTS_EMBED_PROTECTED, embed.Protected);
+    m_useAlways.Bind(*this, IDC_FONTS_USE_ALWAYS, embed.Use_Always);
+    m_useNever.Bind(*this, IDC_FONTS_USE_NEVER, embed.Use_Never);
+    for (CMyCheckbox* const box : {&m_all, &m_protected, &m_useAlways, &m_useNever}) box->Show();
+
+    for (const UINT id : kLists) List(id).Prepare(m_icons.get());
+    ShowFonts(*settings);
+}
+
+// The stored lists take their names out of the offer before anything is on screen, so that no list control
+// has to be searched.
+void CDlgFonts::ShowFonts(const PrinterSettings& shown) {
+    m_faces = EnumerateInstalledFaces();
+    FontOffer offer(m_faces, ListSearchKey);
+    List(IDC_FONTS_ALWAYS).Insert(offer.Take(shown.Fonts.Embedd.Always));
+    List(IDC_FONTS_NEVER).Insert(offer.Take(shown.Fonts.Embedd.Never));
+    List(IDC_FONTS_AVAILABLE).Insert(offer.Rest());
+}
+
+void CDlgFonts::StorePage() {
+    for (CMyCheckbox* const box : {&m_all, &m_protected, &m_useAlways, &m_useNever}) box->Store();
+    settings->Fonts.Embedd.Always = JoinFontList(List(IDC_FONTS_ALWAYS).Names());
+    settings->Fonts.Embedd.Never = JoinFontList(List(IDC_FONTS_NEVER).Names());
+}
+
+bool CDlgFonts::OnCommand(Command command) {
+    if (command.code != BN_CLICKED) return false;
+    if (command.id == IDC_FONTS_DEFAULT) {
+        ShowDefaults();
+        return true;
+    }
+    for (const MoveButton& move : kMoveButtons) {
+        if (move.button != command.id) continue;
+        MoveSelected(move.source, move.target);
+        return true;
+    }
+    return false;
+}
+
+void CDlgFonts::MoveSelected(UINT source, UINT target) {
+    std::vector<FontFace> moved = List(source).TakeSelected();
+    if (moved.empty()) return;
+    List(target).Insert(std::move(moved));
+    EnableApply();
+}
+
+void CDlgFonts::ShowDefaults() {
+    const PrinterSettings defaults;
+    for (const UINT id : kLists) List(id).Clear();
+    ShowFonts(defaults);
+
+    const auto& embed = defaults.Fonts.Embedd;
+    m_all.SetCheck(embed.All != 0);
+    m_protected.SetCheck(embed.Protected != 0);
+    m_useAlways.SetCheck(embed.Use_Always != 0);
+    m_useNever.SetCheck(embed.Use_Never != 0);
+    EnableApply();
+}
 
 }  // namespace vmk

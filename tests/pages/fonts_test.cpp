@@ -1,0 +1,448 @@
+#include "resources/ids/fonts.h"
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+// commctrl.h needs windows.h before it.
+#include <commctrl.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "tests/support/counters.h"
+#include "tests/support/language_folder.h"
+#include "tests/support/live_dialog.h"
+#include "tests/support/test_font.h"
+#include "tests/support/wait.h"
+
+namespace vmk::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::IsSupersetOf;
+using testing::Not;
+
+using Names = std::vector<std::wstring>;
+
+constexpr UINT kLists[] = {IDC_FONTS_AVAILABLE, IDC_FONTS_ALWAYS, IDC_FONTS_NEVER};
+constexpr UINT kMoveButtons[] = {IDC_FONTS_ADD_ALWAYS, IDC_FONTS_REMOVE_ALWAYS, IDC_FONTS_ADD_NEVER,
+                                 IDC_FONTS_REMOVE_NEVER};
+
+struct Item {
+    std::wstring name;
+    int icon;
+
+    bool operator==(const Item&) const = default;
+};
+
+std::vector<Item> Items(const LiveWindow& page, UINT id) {
+    const HWND list = page.Control(id);
+    std::vector<Item> items;
+    for (int index = 0; index < ListView_GetItemCount(list); ++index) {
+        wchar_t name[300] = {};
+        LVITEMW item{};
+        item.mask = LVIF_TEXT | LVIF_IMAGE;
+        item.iItem = index;
+        item.pszText = name;
+        item.cchTextMax = 300;
+        SendMessageW(list, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        items.push_back({.name = name, .icon = item.iImage});
+    }
+    return items;
+}
+
+Names NamesIn(const LiveWindow& page, UINT id) {
+    Names names;
+    for (const Item& item : Items(page, id)) names.push_back(item.name);
+    return names;
+}
+
+void Select(const LiveWindow& page, UINT id, const Names& wanted) {
+    const Names names = NamesIn(page, id);
+    for (std::size_t index = 0; index < names.size(); ++index) {
+        LVITEMW state{};
+        state.state = std::ranges::count(wanted, names[index]) ? LVIS_SELECTED : 0;
+        state.stateMask = LVIS_SELECTED;
+        SendMessageW(page.Control(id), LVM_SETITEMSTATE, index, reinterpret_cast<LPARAM>(&state));
+    }
+}
+
+void Move(const LiveWindow& page, UINT source, const Names& names, UINT button) {
+    Select(page, source, names);
+    page.Click(button);
+}
+
+// The faces of fonts with outlines that the system has, found out in a way of its own.
+std::set<std::wstring> InstalledNames() {
+    const auto add = [](const LOGFONTW* font, const TEXTMETRICW*, DWORD type, LPARAM names) -> int {
+        if (type & (TRUETYPE_FONTTYPE | DEVICE_FONTTYPE))
+            reinterpret_cast<std::set<std::wstring>*>(names)->insert(font->lfFaceName);
+        return 1;
+    };
+    std::set<std::wstring> names;
+    const HDC screen = GetDC(nullptr);
+    LOGFONTW every{};
+    every.lfCharSet = DEFAULT_CHARSET;
+    EnumFontFamiliesExW(screen, &every, add, reinterpret_cast<LPARAM>(&names), 0);
+    ReleaseDC(nullptr, screen);
+    return names;
+}
+
+// The page with some fonts installed that the tests are about, and the lists that its settings hold.
+class FontsPage : public testing::Test {
+  protected:
+    static constexpr PageSet kPages = page_bit::kFonts;
+
+    static LiveWindow PageOf(const LiveDialog& dialog) { return dialog.Page(L"Fonts"); }
+
+    void StoreLists(const std::wstring& always, const std::wstring& never) const {
+        m_settings.SetText("Fonts.Embedd.Always", always);
+        m_settings.SetText("Fonts.Embedd.Never", never);
+    }
+    LiveDialog::Options Stored() const { return {.pages = kPages, .settings = &m_settings}; }
+
+    const TestFont m_arial{{.family = L"Arial"}};
+    const TestFont m_symbol{{.family = L"Symbol"}};
+    const TestFont m_times{{.family = L"Times"}};
+    const ScratchSettings m_settings;
+};
+
+TEST_F(FontsPage, DefaultSettingsShowTheInstalledOnesOfTheNeverList) {
+    LiveDialog dialog({.pages = kPages});
+    const LiveWindow page = PageOf(dialog);
+    const std::set<std::wstring> installed = InstalledNames();
+    Names expected;
+    for (const wchar_t* const name : {L"Arial", L"Courier", L"Courier New", L"Helvetica", L"Symbol", L"Times",
+                                      L"Times New Roman", L"ZapfDingbats"})
+        if (installed.contains(name)) expected.emplace_back(name);
+    EXPECT_THAT(expected, IsSupersetOf({L"Arial", L"Symbol", L"Times"}));
+    EXPECT_EQ(NamesIn(page, IDC_FONTS_NEVER), expected);
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), IsEmpty());
+    EXPECT_FALSE(page.IsChecked(IDC_FONTS_EMBED_ALL));
+    EXPECT_TRUE(page.IsChecked(IDC_FONTS_EMBED_PROTECTED));
+    EXPECT_FALSE(page.IsChecked(IDC_FONTS_USE_ALWAYS));
+    EXPECT_TRUE(page.IsChecked(IDC_FONTS_USE_NEVER));
+    EXPECT_FALSE(dialog.IsApplyEnabled());
+}
+
+TEST_F(FontsPage, OffersEveryOtherInstalledFaceOnce) {
+    StoreLists(L"", L"");
+    LiveDialog dialog(Stored());
+    const Names names = NamesIn(PageOf(dialog), IDC_FONTS_AVAILABLE);
+    const std::set<std::wstring> installed = InstalledNames();
+    EXPECT_EQ(std::set<std::wstring>(names.begin(), names.end()), installed);
+    EXPECT_EQ(names.size(), installed.size());
+    EXPECT_TRUE(std::ranges::is_sorted(names, [](const auto& left, const auto& right) {
+        return lstrcmpW(left.c_str(), right.c_str()) < 0;
+    }));
+}
+
+TEST_F(FontsPage, TheIconTellsWhatIsKnownOfTheFace) {
+    const TestFont restricted({.family = L"Vmk Restricted", .embeddingLicence = 2});
+    const TestFont previewOnly({.family = L"Vmk Preview", .embeddingLicence = 4});
+    const TestFont vertical({.family = L"Vmk Vertical", .embeddingLicence = 2, .vertical = true});
+    LiveDialog dialog({.pages = kPages});
+    EXPECT_THAT(
+        Items(PageOf(dialog), IDC_FONTS_AVAILABLE),
+        IsSupersetOf({Item{.name = L"Vmk Restricted", .icon = 2}, Item{.name = L"Vmk Preview", .icon = 0},
+                      Item{.name = L"Vmk Vertical", .icon = 2}, Item{.name = L"@Vmk Vertical", .icon = 0}}));
+}
+
+TEST_F(FontsPage, ARasterFontIsNotOfferedButShownForAStoredList) {
+    const TestFont raster({.family = L"Vmk Raster", .kind = FontRecipe::Kind::kRaster});
+    StoreLists(L"Vmk Raster", L"");
+    LiveDialog dialog(Stored());
+    const LiveWindow page = PageOf(dialog);
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_AVAILABLE), Not(Contains(L"Vmk Raster")));
+    EXPECT_THAT(Items(page, IDC_FONTS_ALWAYS), ElementsAre(Item{.name = L"Vmk Raster", .icon = 4}));
+
+    Move(page, IDC_FONTS_ALWAYS, {L"Vmk Raster"}, IDC_FONTS_REMOVE_ALWAYS);
+    EXPECT_THAT(Items(page, IDC_FONTS_AVAILABLE), Contains(Item{.name = L"Vmk Raster", .icon = 4}));
+}
+
+TEST_F(FontsPage, ANameTwiceInAStoredListIsShownTwice) {
+    StoreLists(L"Arial;;Arial", L"");
+    LiveDialog dialog(Stored());
+    const LiveWindow page = PageOf(dialog);
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), ElementsAre(L"Arial", L"Arial"));
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_AVAILABLE), Not(Contains(L"Arial")));
+    page.Click(IDC_FONTS_EMBED_ALL);
+    dialog.Apply();
+    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"Arial;Arial");
+
+    // Both go back, and both can be taken again.
+    Move(page, IDC_FONTS_ALWAYS, {L"Arial"}, IDC_FONTS_REMOVE_ALWAYS);
+    EXPECT_EQ(std::ranges::count(NamesIn(page, IDC_FONTS_AVAILABLE), L"Arial"), 2);
+}
+
+TEST_F(FontsPage, ANameThatTheOtherListHasTakenIsShownInBoth) {
+    StoreLists(L"Arial;Times", L"Symbol;Arial");
+    LiveDialog dialog(Stored());
+    const LiveWindow page = PageOf(dialog);
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), ElementsAre(L"Arial", L"Times"));
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_NEVER), ElementsAre(L"Arial", L"Symbol"));
+}
+
+TEST_F(FontsPage, AStoredNameInAnotherCaseTakesTheInstalledFace) {
+    StoreLists(L"aRIAL;ARIAL", L"arial;times");
+    LiveDialog dialog(Stored());
+    const LiveWindow page = PageOf(dialog);
+    // What is not on offer any more is found only under its exact name.
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), ElementsAre(L"Arial"));
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_NEVER), ElementsAre(L"Times"));
+}
+
+TEST_F(FontsPage, AStoredNameWithBlanksAroundItIsAnotherName) {
+    StoreLists(L"Arial; Times", L"");
+    LiveDialog dialog(Stored());
+    EXPECT_THAT(NamesIn(PageOf(dialog), IDC_FONTS_ALWAYS), ElementsAre(L"Arial"));
+}
+
+TEST_F(FontsPage, AFontThatIsNotInstalledDisappearsWithTheNextStore) {
+    StoreLists(L"Arial;Vmk Nowhere", L"Vmk Nowhere;Times");
+    LiveDialog dialog(Stored());
+    const LiveWindow page = PageOf(dialog);
+    dialog.Apply();
+    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"Arial;Vmk Nowhere");
+    page.Click(IDC_FONTS_EMBED_ALL);
+    dialog.Apply();
+    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"Arial");
+    EXPECT_EQ(dialog.Record().Fonts.Embedd.Never, L"Times");
+}
+
+TEST_F(FontsPage, NamesAreStoredInAscendingOrderHoweverTheyWereMoved) {
+    StoreLists(L"", L"");
+    LiveDialog dialog(Stored());
+    const LiveWindow page = PageOf(dialog);
+    for (const wchar_t* const name : {L"Times", L"Arial", L"Symbol"})
+        Move(page, IDC_FONTS_AVAILABLE, {name}, IDC_FONTS_ADD_ALWAYS);
+    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"");
+    dialog.Apply();
+    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"Arial;Symbol;Times");
+}
+
+TEST_F(FontsPage, EachArrowMovesTheSelectedNamesAndTheirIcons) {
+    struct Case {
+        UINT button, source, target;
+    };
+    const TestFont restricted({.family = L"Vmk Restricted", .embeddingLicence = 2});
+    StoreLists(L"", L"");
+    LiveDialog dialog(Stored());
+    const LiveWindow page = PageOf(dialog);
+    for (const Case& move : {Case{IDC_FONTS_ADD_ALWAYS, IDC_FONTS_AVAILABLE, IDC_FONTS_ALWAYS},
+                             Case{IDC_FONTS_REMOVE_ALWAYS, IDC_FONTS_ALWAYS, IDC_FONTS_AVAILABLE},
+                             Case{IDC_FONTS_ADD_NEVER, IDC_FONTS_AVAILABLE, IDC_FONTS_NEVER},
+                             Case{IDC_FONTS_REMOVE_NEVER, IDC_FONTS_NEVER, IDC_FONTS_AVAILABLE}}) {
+        const std::vector<Item> before = Items(page, move.source);
+        Move(page, move.source, {L"Arial", L"Vmk Restricted"}, move.button);
+        EXPECT_TRUE(dialog.IsApplyEnabled()) << move.button;
+        dialog.Apply();
+        EXPECT_THAT(Items(page, move.target), IsSupersetOf({Item{.name = L"Arial", .icon = 0},
+                                                            Item{.name = L"Vmk Restricted", .icon = 2}}))
+            << move.button;
+        EXPECT_EQ(Items(page, move.source).size(), before.size() - 2) << move.button;
+        EXPECT_EQ(ListView_GetSelectedCount(page.Control(move.source)), 0U) << move.button;
+    }
+    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"");
+    EXPECT_EQ(dialog.Record().Fonts.Embedd.Never, L"");
+}
+
+TEST_F(FontsPage, AnArrowWithNothingSelectedDoesNothing) {
+    StoreLists(L"Arial", L"Times");
+    LiveDialog dialog(Stored());
+    const LiveWindow page = PageOf(dialog);
+    for (const UINT button : kMoveButtons) {
+        page.Click(button);
+        EXPECT_FALSE(dialog.IsApplyEnabled()) << button;
+    }
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), ElementsAre(L"Arial"));
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_NEVER), ElementsAre(L"Times"));
+}
+
+TEST_F(FontsPage, EverythingThatIsOfferedCanBeMovedAtOnce) {
+    StoreLists(L"", L"");
+    LiveDialog dialog(Stored());
+    const LiveWindow page = PageOf(dialog);
+    const Names offered = NamesIn(page, IDC_FONTS_AVAILABLE);
+    Move(page, IDC_FONTS_AVAILABLE, offered, IDC_FONTS_ADD_NEVER);
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_AVAILABLE), IsEmpty());
+    EXPECT_EQ(NamesIn(page, IDC_FONTS_NEVER), offered);
+}
+
+TEST_F(FontsPage, NamesAreSelectedByKeyboardAndMovedByMouse) {
+    StoreLists(L"Arial;Symbol;Times", L"");
+    LiveDialog dialog(Stored());
+    const LiveWindow page = PageOf(dialog);
+    page.Focus(IDC_FONTS_ALWAYS);
+    dialog.PressKey(VK_HOME);
+    dialog.PressKeys({VK_SHIFT}, VK_DOWN);
+    ASSERT_TRUE(WaitUntil([&] { return ListView_GetSelectedCount(page.Control(IDC_FONTS_ALWAYS)) == 2; }));
+    page.MouseClick(IDC_FONTS_REMOVE_ALWAYS);
+    EXPECT_TRUE(WaitUntil([&] { return dialog.IsApplyEnabled(); }));
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), ElementsAre(L"Times"));
+}
+
+TEST_F(FontsPage, DefaultShowsTheDefaultsAndStoresThemOnlyWithApply) {
+    StoreLists(L"Arial;Times", L"Symbol");
+    for (const char* const box : {"Fonts.Embedd.All", "Fonts.Embedd.Use_Always"})
+        m_settings.SetNumber(box, 1);
+    for (const char* const box : {"Fonts.Embedd.Protected", "Fonts.Embedd.Use_Never"})
+        m_settings.SetNumber(box, 0);
+    LiveDialog dialog(Stored());
+    const LiveWindow page = PageOf(dialog);
+    const PrinterSettings before = dialog.Record();
+    page.Click(IDC_FONTS_DEFAULT);
+    EXPECT_TRUE(dialog.IsApplyEnabled());
+    EXPECT_EQ(dialog.Record(), before);
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), IsEmpty());
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_NEVER), IsSupersetOf({L"Arial", L"Symbol", L"Times"}));
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_AVAILABLE), Not(Contains(L"Arial")));
+
+    dialog.Apply();
+    const auto stored = dialog.Record().Fonts.Embedd;
+    EXPECT_EQ(stored.All, 0);
+    EXPECT_EQ(stored.Protected, 1);
+    EXPECT_EQ(stored.Use_Always, 0);
+    EXPECT_EQ(stored.Use_Never, 1);
+    EXPECT_EQ(stored.Always, L"");
+}
+
+TEST_F(FontsPage, DefaultLooksForInstalledFontsAgain) {
+    LiveDialog dialog({.pages = kPages});
+    const LiveWindow page = PageOf(dialog);
+    {
+        const TestFont late({.family = L"Vmk Late"});
+        EXPECT_THAT(NamesIn(page, IDC_FONTS_AVAILABLE), Not(Contains(L"Vmk Late")));
+        page.Click(IDC_FONTS_DEFAULT);
+        EXPECT_EQ(std::ranges::count(NamesIn(page, IDC_FONTS_AVAILABLE), L"Vmk Late"), 1);
+    }
+    page.Click(IDC_FONTS_DEFAULT);
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_AVAILABLE), Not(Contains(L"Vmk Late")));
+}
+
+TEST_F(FontsPage, LookingForInstalledFontsLeavesNoGdiObjectBehind) {
+    LiveDialog dialog({.pages = kPages});
+    const LiveWindow page = PageOf(dialog);
+    page.Click(IDC_FONTS_DEFAULT);
+    const std::size_t before = CountResources().gdiObjects;
+    for (int i = 0; i < 5; ++i) page.Click(IDC_FONTS_DEFAULT);
+    EXPECT_EQ(CountResources().gdiObjects, before);
+}
+
+TEST_F(FontsPage, TheBoxesSwitchNothingElse) {
+    LiveDialog dialog({.pages = kPages});
+    const LiveWindow page = PageOf(dialog);
+    for (const UINT box :
+         {IDC_FONTS_EMBED_ALL, IDC_FONTS_EMBED_PROTECTED, IDC_FONTS_USE_ALWAYS, IDC_FONTS_USE_NEVER}) {
+        for (int click = 0; click < 2; ++click) {
+            page.Click(box);
+            EXPECT_TRUE(page.AreEnabled({IDC_FONTS_AVAILABLE, IDC_FONTS_ALWAYS, IDC_FONTS_NEVER,
+                                         IDC_FONTS_ADD_ALWAYS, IDC_FONTS_REMOVE_ALWAYS, IDC_FONTS_ADD_NEVER,
+                                         IDC_FONTS_REMOVE_NEVER, IDC_FONTS_DEFAULT}));
+        }
+    }
+}
+
+TEST_F(FontsPage, TheBoxesStoreZeroOrOne) {
+    struct Case {
+        UINT box;
+        const char* name;
+    };
+    for (const Case& each : {Case{IDC_FONTS_EMBED_ALL, "Fonts.Embedd.All"},
+                             Case{IDC_FONTS_EMBED_PROTECTED, "Fonts.Embedd.Protected"},
+                             Case{IDC_FONTS_USE_ALWAYS, "Fonts.Embedd.Use_Always"},
+                             Case{IDC_FONTS_USE_NEVER, "Fonts.Embedd.Use_Never"}}) {
+        m_settings.SetNumber(each.name, 7);
+        LiveDialog dialog(Stored());
+        const LiveWindow page = PageOf(dialog);
+        EXPECT_TRUE(page.IsChecked(each.box)) << each.name;
+        page.Click(each.box);
+        dialog.Apply();
+        const ScratchSettings unchecked;
+        unchecked.Store(dialog.Record());
+        EXPECT_EQ(unchecked.Number(each.name), 0) << each.name;
+        page.Click(each.box);
+        dialog.Apply();
+        const ScratchSettings checked;
+        checked.Store(dialog.Record());
+        EXPECT_EQ(checked.Number(each.name), 1) << each.name;
+    }
+}
+
+TEST_F(FontsPage, OkStoresTheListsForTheRegistry) {
+    StoreLists(L"", L"Symbol");
+    LiveDialog dialog(Stored());
+    const LiveWindow page = PageOf(dialog);
+    Move(page, IDC_FONTS_AVAILABLE, {L"Times", L"Arial"}, IDC_FONTS_ADD_ALWAYS);
+    Move(page, IDC_FONTS_NEVER, {L"Symbol"}, IDC_FONTS_REMOVE_NEVER);
+    EXPECT_EQ(dialog.Ok(), 1);
+    m_settings.Store(dialog.Record());
+    EXPECT_EQ(m_settings.Text("Fonts.Embedd.Always"), L"Arial;Times");
+    EXPECT_EQ(m_settings.Text("Fonts.Embedd.Never"), L"");
+}
+
+TEST_F(FontsPage, CancelKeepsWhatWasAppliedBefore) {
+    StoreLists(L"", L"");
+    LiveDialog dialog(Stored());
+    const LiveWindow page = PageOf(dialog);
+    Move(page, IDC_FONTS_AVAILABLE, {L"Times"}, IDC_FONTS_ADD_ALWAYS);
+    dialog.Apply();
+    Move(page, IDC_FONTS_AVAILABLE, {L"Arial"}, IDC_FONTS_ADD_ALWAYS);
+    EXPECT_EQ(dialog.Cancel(), 2);
+    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"Times");
+}
+
+TEST_F(FontsPage, TheListsShareTheirIconsAndHaveOneColumnBesideWhichAScrollBarFits) {
+    LiveDialog dialog({.pages = kPages});
+    const LiveWindow page = PageOf(dialog);
+    constexpr LONG kCommon =
+        LVS_REPORT | LVS_SORTASCENDING | LVS_NOCOLUMNHEADER | LVS_SHAREIMAGELISTS | WS_TABSTOP;
+    const HIMAGELIST icons = ListView_GetImageList(page.Control(IDC_FONTS_AVAILABLE), LVSIL_SMALL);
+    for (const UINT id : kLists) {
+        const HWND list = page.Control(id);
+        const LONG style = GetWindowLongW(list, GWL_STYLE);
+        EXPECT_EQ(style & (kCommon | LVS_TYPEMASK | LVS_SINGLESEL | LVS_SORTDESCENDING), kCommon) << id;
+        EXPECT_EQ((style & LVS_SHOWSELALWAYS) != 0, id == IDC_FONTS_AVAILABLE);
+        EXPECT_EQ(ListView_GetImageList(list, LVSIL_SMALL), icons);
+        EXPECT_EQ(Header_GetItemCount(ListView_GetHeader(list)), 1);
+        // The window inside its frame, whether or not a scroll bar takes its part of it.
+        RECT client{};
+        GetClientRect(list, &client);
+        const int bar = GetSystemMetrics(SM_CXVSCROLL);
+        const int barShown = style & WS_VSCROLL ? bar : 0;
+        EXPECT_EQ(ListView_GetColumnWidth(list, 0), client.right + barShown - bar) << id;
+        EXPECT_FALSE(style & WS_HSCROLL) << id;
+    }
+}
+
+TEST_F(FontsPage, TabGoesThroughThePageInReadingOrder) {
+    LiveDialog dialog({.pages = kPages});
+    const LiveWindow page = PageOf(dialog);
+    page.Focus(IDC_FONTS_EMBED_ALL);
+    for (const UINT id :
+         {IDC_FONTS_EMBED_PROTECTED, IDC_FONTS_AVAILABLE, IDC_FONTS_ADD_ALWAYS, IDC_FONTS_REMOVE_ALWAYS,
+          IDC_FONTS_USE_ALWAYS, IDC_FONTS_ALWAYS, IDC_FONTS_ADD_NEVER, IDC_FONTS_REMOVE_NEVER,
+          IDC_FONTS_USE_NEVER, IDC_FONTS_NEVER, IDC_FONTS_DEFAULT}) {
+        dialog.PressKey(VK_TAB);
+        ASSERT_TRUE(dialog.FocusReaches(page.Control(id))) << id;
+    }
+}
+
+TEST_F(FontsPage, TheTextsAreTranslatedButNotTheNamesOfFonts) {
+    const LanguageFolder german({{L"Default", L"Standard"},
+                                 {L"Never Embed Fonts:", L"Nie einbetten:"},
+                                 {L"Arial", L"Not a text of the dialog"}});
+    LiveDialog dialog({.pages = kPages, .language = 0x0407});
+    const LiveWindow page = PageOf(dialog);
+    EXPECT_EQ(page.Text(IDC_FONTS_DEFAULT), L"Standard");
+    EXPECT_EQ(page.Text(IDC_FONTS_USE_NEVER), L"Nie einbetten:");
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_NEVER), Contains(L"Arial"));
+}
+
+}  // namespace
+}  // namespace vmk::test
