@@ -76,6 +76,8 @@ function(vmk_add_tests name)
 
   add_executable(${name}_test ${arg_SOURCES})
   target_link_libraries(${name}_test PRIVATE vmk_options ${arg_LIBRARIES} GTest::gmock_main)
+  # Tests are compiled more often than they are waited for.
+  target_compile_options(${name}_test PRIVATE -O0)
   set_target_properties(${name}_test PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
   set_property(
     DIRECTORY

@@ -366,13 +366,15 @@ TEST(SavePage, TheRunBoxEnablesItsControlsAsFarAsTheChosenApplicationAllows) {
     EXPECT_TRUE(open.dialog.IsApplyEnabled());
 }
 
-TEST(SavePage, StoppingToRunTheGivenApplicationDisablesAllOfIt) {
-    const RecordPage open(Running(0));
-    EXPECT_EQ(open.State(kGivenApplication), 1);
-    open.page.Click(IDC_SAVE_RUN);
-    EXPECT_EQ(open.State(kApplications), 0);
-    EXPECT_EQ(open.State(kGivenApplication), 0);
-    EXPECT_TRUE(open.dialog.IsApplyEnabled());
+TEST(SavePage, StoppingToRunDisablesAllOfTheApplicationWhicheverIsChosen) {
+    for (const std::int32_t withoutPath : {0, 1}) {
+        const RecordPage open(Running(withoutPath));
+        EXPECT_EQ(open.State(kGivenApplication), withoutPath == 0);
+        open.page.Click(IDC_SAVE_RUN);
+        EXPECT_EQ(open.State(kApplications), 0);
+        EXPECT_EQ(open.State(kGivenApplication), 0);
+        EXPECT_TRUE(open.dialog.IsApplyEnabled());
+    }
 }
 
 // The choice is kept in the record while nothing runs, but not in the registry, so a second dialog of the

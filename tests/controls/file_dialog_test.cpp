@@ -1,0 +1,134 @@
+#include "controls/file_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "framework/window_text.h"
+#include "tests/support/wait.h"
+
+namespace vmk::test {
+namespace {
+
+constexpr int kNameBox = 0x47C;
+constexpr int kTypeList = 0x470;
+
+// The system's open-file dialog, open on a thread of its own.
+class OpenFileDialog {
+  public:
+    explicit OpenFileDialog(OpenFileOptions options) : m_options(std::move(options)) {
+        m_thread = CreateThread(nullptr, 0, Main, this, 0, &m_threadId);
+        WaitUntil([this] {
+            EnumThreadWindows(m_threadId, FindDialog, reinterpret_cast<LPARAM>(&m_dialog));
+            return m_dialog != nullptr || IsFinished();
+        });
+    }
+    ~OpenFileDialog() {
+        if (!IsFinished()) PostMessageW(m_dialog, WM_COMMAND, IDCANCEL, 0);
+        WaitForSingleObject(m_thread, INFINITE);
+        CloseHandle(m_thread);
+    }
+    OpenFileDialog(const OpenFileDialog&) = delete;
+    OpenFileDialog& operator=(const OpenFileDialog&) = delete;
+
+    bool IsOpen() const { return m_dialog != nullptr; }
+
+    HWND NameBox() const {
+        HWND combo = FindWindowExW(GetDlgItem(m_dialog, kNameBox), nullptr, L"ComboBox", nullptr);
+        return FindWindowExW(combo, nullptr, L"Edit", nullptr);
+    }
+
+    std::wstring SelectedType() const {
+        HWND list = GetDlgItem(m_dialog, kTypeList);
+        std::wstring text(256, L'\0');
+        const LRESULT selection = SendMessageW(list, CB_GETCURSEL, 0, 0);
+        text.resize(static_cast<size_t>(SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(selection),
+                                                     reinterpret_cast<LPARAM>(text.data()))));
+        return text;
+    }
+
+    // Closes the dialog with a button; what the call answers.
+    std::optional<std::wstring> Close(int button) {
+        PostMessageW(GetDlgItem(m_dialog, button), BM_CLICK, 0, 0);
+        WaitForSingleObject(m_thread, 10'000);
+        return m_result;
+    }
+
+  private:
+    static DWORD WINAPI Main(void* parameter) {
+        auto& self = *static_cast<OpenFileDialog*>(parameter);
+        self.m_result = ChooseFile(nullptr, self.m_options);
+        return 0;
+    }
+
+    static BOOL CALLBACK FindDialog(HWND hwnd, LPARAM parameter) {
+        wchar_t name[16] = {};
+        GetClassNameW(hwnd, name, 16);
+        if (std::wstring_view(name) != L"#32770" || !IsWindowVisible(hwnd)) return TRUE;
+        *reinterpret_cast<HWND*>(parameter) = hwnd;
+        return FALSE;
+    }
+
+    bool IsFinished() const { return WaitForSingleObject(m_thread, 0) == WAIT_OBJECT_0; }
+
+    OpenFileOptions m_options;
+    std::optional<std::wstring> m_result;
+    HANDLE m_thread = nullptr;
+    DWORD m_threadId = 0;
+    HWND m_dialog = nullptr;
+};
+
+std::wstring ExistingFile() {
+    wchar_t folder[MAX_PATH] = {};
+    GetSystemDirectoryW(folder, MAX_PATH);
+    return std::wstring(folder) + L"\\kernel32.dll";
+}
+
+std::wstring FileNamePart(const std::wstring& path) {
+    return path.substr(path.rfind(L'\\') + 1);
+}
+
+TEST(FileDialog, ProposesThePathAndShowsTheFilter) {
+    OpenFileDialog dialog({.filters = {{L"Libraries (*.dll)", L"*.dll"}, {L"All Files (*.*)", L"*.*"}},
+                           .defaultExtension = L"dll",
+                           .initialPath = ExistingFile()});
+    ASSERT_TRUE(dialog.IsOpen());
+    EXPECT_EQ(FileNamePart(WindowText(dialog.NameBox())), L"kernel32.dll");
+    EXPECT_EQ(dialog.SelectedType(), L"Libraries (*.dll)");
+    const std::optional<std::wstring> chosen = dialog.Close(IDOK);
+    ASSERT_TRUE(chosen);
+    EXPECT_EQ(CompareStringOrdinal(chosen->c_str(), -1, ExistingFile().c_str(), -1, TRUE), CSTR_EQUAL);
+}
+
+TEST(FileDialog, AFileThatDoesNotExistIsNotAccepted) {
+    OpenFileDialog dialog({});
+    ASSERT_TRUE(dialog.IsOpen());
+    SendMessageW(dialog.NameBox(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"C:\\no such file.xyz"));
+    PostMessageW(GetParent(GetParent(GetParent(dialog.NameBox()))), WM_COMMAND, IDOK, 0);
+    HWND message = nullptr;
+    ASSERT_TRUE(WaitUntil([&] {
+        message = GetLastActivePopup(GetAncestor(dialog.NameBox(), GA_ROOT));
+        return message != GetAncestor(dialog.NameBox(), GA_ROOT);
+    }));
+    PostMessageW(message, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(WaitUntil([&] { return !IsWindow(message); }));
+    EXPECT_FALSE(dialog.Close(IDCANCEL));
+}
+
+TEST(FileDialog, CancelAnswersNothing) {
+    OpenFileDialog dialog({.initialPath = ExistingFile()});
+    ASSERT_TRUE(dialog.IsOpen());
+    EXPECT_FALSE(dialog.Close(IDCANCEL));
+}
+
+TEST(FileDialog, OpensAlsoOnATextThatIsNoPath) {
+    for (const std::wstring& text : {std::wstring(L"a<b>|c?*\""), std::wstring(260, L'n'),
+                                     std::wstring(5000, L'n'), std::wstring(L" ")}) {
+        OpenFileDialog dialog({.initialPath = text});
+        EXPECT_TRUE(dialog.IsOpen()) << text.size();
+    }
+}
+
+}  // namespace
+}  // namespace vmk::test
