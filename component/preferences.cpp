@@ -16,7 +16,10 @@ ComPointer<CPdfPrinterPreferences> CPdfPrinterPreferences::Make() {
 }
 
 HRESULT CPdfPrinterPreferences::Create(REFIID riid, void** object) noexcept {
-    return Guarded([&] { return Make()->QueryInterface(riid, object); });
+    return Guarded([&] {
+        const ComPointer made = Make();
+        return made->QueryInterface(riid, object);
+    });
 }
 
 HRESULT CPdfPrinterPreferences::QueryInterface(REFIID riid, void** object) noexcept {

@@ -45,12 +45,11 @@ class ComPointer {
     }
     Interface* detach() noexcept { return std::exchange(m_object, nullptr); }
 
-    // The member is null before the release, which may run code that looks at it.
+    // The member is null before the release, which may run code that looks at it. That objects free
+    // themselves in their last Release, the analyser does not follow.
     void reset() noexcept {
-        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): objects free themselves in their last
-        // Release
         if (Interface* const object = detach()) object->Release();
-    }
+    }  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 
   private:
     Interface* m_object = nullptr;

@@ -14,7 +14,7 @@ namespace {
 class NoDisplay : public testing::Test {
   protected:
     void SetUp() override {
-        HWND const window =
+        HWND window =
             CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
         if (window) DestroyWindow(window);
         ASSERT_EQ(window, nullptr) << "this session has a display";

@@ -250,7 +250,7 @@ DWORD WINAPI RegisterWithoutCom(void* module) noexcept {
 TEST(RegistrationFailure, IsTheFirstOneAndKeepsTheThreadsLocale) {
     WipeRegistration();
     LoadedModule module;
-    HANDLE const thread = CreateThread(nullptr, 0, RegisterWithoutCom, &module, 0, nullptr);
+    HANDLE thread = CreateThread(nullptr, 0, RegisterWithoutCom, &module, 0, nullptr);
     WaitForSingleObject(thread, INFINITE);
     DWORD result = 0;
     GetExitCodeThread(thread, &result);

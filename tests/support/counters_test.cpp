@@ -39,9 +39,9 @@ HWND MakeWindow(const wchar_t* windowClass, DWORD style, HWND parent) {
 
 TEST(Counters, SeeEveryWindowAndItsChildren) {
     // The first window of a thread brings one for the input method along.
-    HWND const first = MakeWindow(L"STATIC", WS_POPUP, nullptr);
+    HWND first = MakeWindow(L"STATIC", WS_POPUP, nullptr);
     const std::size_t before = CountResources().windows;
-    HWND const window = MakeWindow(L"STATIC", WS_POPUP, nullptr);
+    HWND window = MakeWindow(L"STATIC", WS_POPUP, nullptr);
     ASSERT_TRUE(window);
     ASSERT_TRUE(MakeWindow(L"BUTTON", WS_CHILD, window));
     EXPECT_EQ(CountResources().windows, before + 2);
