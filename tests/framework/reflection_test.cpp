@@ -73,8 +73,9 @@ class Reflection : public testing::Test {
 
 TEST_F(Reflection, FindsTheSenderOfCommandsScrollsColoursAndKeysInTheParameter) {
     for (const UINT msg :
-         {WM_COMMAND, WM_HSCROLL, WM_VSCROLL, WM_VKEYTOITEM, WM_CHARTOITEM, WM_CTLCOLORBTN, WM_CTLCOLORDLG,
-          WM_CTLCOLOREDIT, WM_CTLCOLORLISTBOX, WM_CTLCOLORMSGBOX, WM_CTLCOLORSCROLLBAR, WM_CTLCOLORSTATIC}) {
+         std::initializer_list<UINT>{WM_COMMAND, WM_HSCROLL, WM_VSCROLL, WM_VKEYTOITEM, WM_CHARTOITEM,
+                                     WM_CTLCOLORBTN, WM_CTLCOLORDLG, WM_CTLCOLOREDIT, WM_CTLCOLORLISTBOX,
+                                     WM_CTLCOLORMSGBOX, WM_CTLCOLORSCROLLBAR, WM_CTLCOLORSTATIC}) {
         SCOPED_TRACE(msg);
         ExpectReflected(msg, MAKEWPARAM(kFirst, 5), SecondWindow());
     }
