@@ -42,7 +42,7 @@ std::optional<LRESULT> BoundControl::ProcessWindowMessage(HWND hwnd, UINT msg, W
 // Forwards the ring of the page's own tab stops is kept. Backwards the dialog manager's order holds, which
 // leads out of the page to the page list.
 void BoundControl::MoveFocus(bool backwards) const noexcept {
-    const HWND root = GetAncestor(Handle(), GA_ROOT);
+    HWND root = GetAncestor(Handle(), GA_ROOT);
     if (backwards) {
         SetFocus(GetNextDlgTabItem(root, Handle(), TRUE));
         return;

@@ -18,8 +18,7 @@ HWND Dialog::Create(UINT templateId, HWND parent) noexcept {
     Module& module = Module::Get();
     m_attachFailed = false;
     const CreationList::Announcement announcement(module.Creations(), *this);
-    const HWND hwnd =
-        CreateDialogParamW(module.Instance(), MAKEINTRESOURCEW(templateId), parent, StartProc, 0);
+    HWND hwnd = CreateDialogParamW(module.Instance(), MAKEINTRESOURCEW(templateId), parent, StartProc, 0);
     if (!m_attachFailed) return hwnd;
     if (hwnd) DestroyWindow(hwnd);
     SetLastError(ERROR_OUTOFMEMORY);

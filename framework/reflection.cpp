@@ -57,7 +57,7 @@ bool IsNotification(UINT msg) noexcept {
 }  // namespace
 
 std::optional<LRESULT> ReflectNotification(HWND parent, UINT msg, WPARAM wParam, LPARAM lParam) noexcept {
-    const HWND sender = Sender(parent, msg, wParam, lParam);
+    HWND sender = Sender(parent, msg, wParam, lParam);
     if (!Window::FromHandle(sender)) return std::nullopt;
     return SendMessageW(sender, OCM__BASE + msg, wParam, lParam);
 }

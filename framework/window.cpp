@@ -81,7 +81,7 @@ Window* Window::FromHandle(HWND hwnd) noexcept {
 }
 
 void Window::Detach() noexcept {
-    const HWND hwnd = m_hwnd;
+    HWND hwnd = m_hwnd;
     m_hwnd = nullptr;
     RemovePropW(hwnd, kObjectProperty);
     if (CurrentProc(hwnd) != WindowProc) return;

@@ -59,7 +59,7 @@ TEST_F(PageOfBoundControls, NotificationsThatAControlDoesNotHandleGetTheDefaultA
     std::wstring text;
     CMyEditText edit;
     Open(IDD_TEST_EDIT_TEXT, [&](TestPage& bound) { edit.Bind(bound, IDC_TEST_SUBJECT, text); });
-    const HDC context = GetDC(Control());
+    HDC context = GetDC(Control());
     const LRESULT brush = SendMessageW(page.Handle(), WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(context),
                                        reinterpret_cast<LPARAM>(Control()));
     ReleaseDC(Control(), context);

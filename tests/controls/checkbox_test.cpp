@@ -107,7 +107,7 @@ TEST_F(BoundCheckbox, CanShowItsValueAndLeaveTheDependentsAlone) {
 
 TEST_F(BoundCheckbox, OtherNotificationsThanClicksChangeNothing) {
     Open(0);
-    for (const UINT code : {BN_SETFOCUS, BN_KILLFOCUS, BN_DBLCLK}) {
+    for (const UINT code : std::initializer_list<UINT>{BN_SETFOCUS, BN_KILLFOCUS, BN_DBLCLK}) {
         SendMessageW(page.Handle(), WM_COMMAND, MAKEWPARAM(IDC_TEST_SUBJECT, code),
                      reinterpret_cast<LPARAM>(Control()));
     }

@@ -168,7 +168,8 @@ TEST_F(BoundCombobox, TheArrowKeysReachIt) {
 
 TEST_F(BoundCombobox, OtherNotificationsThanASelectionChangeNothing) {
     Open(1, kNumbers);
-    for (const UINT code : {CBN_SETFOCUS, CBN_DROPDOWN, CBN_CLOSEUP, CBN_SELENDOK, CBN_SELENDCANCEL}) {
+    for (const UINT code : std::initializer_list<UINT>{CBN_SETFOCUS, CBN_DROPDOWN, CBN_CLOSEUP, CBN_SELENDOK,
+                                                       CBN_SELENDCANCEL}) {
         SendMessageW(page.Handle(), WM_COMMAND, MAKEWPARAM(IDC_TEST_SUBJECT, code),
                      reinterpret_cast<LPARAM>(Control()));
     }

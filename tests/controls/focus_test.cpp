@@ -29,7 +29,8 @@ class FocusOfABoundControl : public ControlTest {
         Settle();
     }
     void LeaveOnlyTheSubject() const {
-        for (const UINT id : {IDC_TEST_FIRST_STOP, IDC_TEST_LAST_STOP}) EnableWindow(Control(id), FALSE);
+        for (const UINT id : std::initializer_list<UINT>{IDC_TEST_FIRST_STOP, IDC_TEST_LAST_STOP})
+            EnableWindow(Control(id), FALSE);
     }
 
     std::optional<CMyEditText> edit;

@@ -19,7 +19,7 @@ Window* TakeOnAnotherThread(CreationList& list) {
         CreationList& list;
         Window* found;
     } call{.list = list, .found = nullptr};
-    const HANDLE thread = CreateThread(
+    HANDLE thread = CreateThread(
         nullptr, 0,
         [](void* parameter) -> DWORD {
             auto& wanted = *static_cast<Call*>(parameter);

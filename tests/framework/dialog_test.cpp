@@ -61,7 +61,7 @@ TEST(DialogObject, IsAttachedBeforeTheDialogIsInitialised) {
         }
         return std::nullopt;
     };
-    const HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
+    HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
     ASSERT_NE(hwnd, nullptr);
     EXPECT_EQ(seen, hwnd);
     EXPECT_EQ(std::ranges::count(dialog.messages, UINT{WM_INITDIALOG}), 1);
@@ -78,7 +78,7 @@ TEST(DialogObject, AnswersWhetherTheFirstControlGetsTheFocus) {
             SetFocus(dialog.Item(IDC_TEST_SECOND));
             return takesDefault ? TRUE : FALSE;
         };
-        const HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
+        HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
         EXPECT_EQ(GetFocus(), dialog.Item(takesDefault ? IDC_TEST_FIRST : IDC_TEST_SECOND));
         DestroyWindow(hwnd);
     }
@@ -86,7 +86,7 @@ TEST(DialogObject, AnswersWhetherTheFirstControlGetsTheFocus) {
 
 TEST(DialogObject, LeavesTheOtherMessagesToTheDialogManager) {
     TestDialog dialog;
-    const HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
+    HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
     SendMessageW(hwnd, DM_SETDEFID, IDC_TEST_SECOND, 0);
     EXPECT_EQ(SendMessageW(hwnd, DM_GETDEFID, 0, 0), MAKELONG(IDC_TEST_SECOND, DC_HASDEFID));
     EXPECT_EQ(std::ranges::count(dialog.messages, UINT{DM_GETDEFID}), 1);
@@ -113,7 +113,7 @@ TEST(ModalDialog, AnswersMinusOneWithoutATemplate) {
 
 TEST(ModalDialog, AnswersMinusOneWhenItsObjectCannotBeAttached) {
     TestDialog dialog;
-    const HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
+    HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
     SetLastError(ERROR_SUCCESS);
     EXPECT_EQ(dialog.DoModal(IDD_TEST_DIALOG, nullptr), -1);
     EXPECT_EQ(GetLastError(), DWORD{ERROR_OUTOFMEMORY});
@@ -127,14 +127,14 @@ TEST(ModelessDialog, IsNullWithoutATemplate) {
     EXPECT_EQ(dialog.Create(kNoTemplate, nullptr), nullptr);
     EXPECT_EQ(dialog.Handle(), nullptr);
     EXPECT_EQ(Module::Get().Creations().Take(), nullptr);
-    const HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
+    HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
     EXPECT_NE(hwnd, nullptr);
     DestroyWindow(hwnd);
 }
 
 TEST(ModelessDialog, IsNullWhenItsObjectCannotBeAttachedAndLeavesNoWindow) {
     TestDialog dialog;
-    const HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
+    HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
     SetLastError(ERROR_SUCCESS);
     EXPECT_EQ(dialog.Create(IDD_TEST_DIALOG, nullptr), nullptr);
     EXPECT_EQ(GetLastError(), DWORD{ERROR_OUTOFMEMORY});
@@ -150,7 +150,7 @@ TEST(ModelessDialog, MayCreateAnotherWhileItIsInitialised) {
         if (msg == WM_INITDIALOG) child.Create(IDD_TEST_CHILD, hwnd);
         return std::nullopt;
     };
-    const HWND hwnd = parent.Create(IDD_TEST_DIALOG, nullptr);
+    HWND hwnd = parent.Create(IDD_TEST_DIALOG, nullptr);
     ASSERT_NE(child.Handle(), nullptr);
     EXPECT_EQ(GetParent(child.Handle()), hwnd);
     EXPECT_EQ(parent.Handle(), hwnd);
@@ -164,7 +164,7 @@ TEST(ModelessDialog, StandsThoughItsInitialisationThrows) {
         if (msg == WM_INITDIALOG) throw std::bad_alloc();
         return std::nullopt;
     };
-    const HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
+    HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
     EXPECT_NE(hwnd, nullptr);
     EXPECT_EQ(dialog.Handle(), hwnd);
     DestroyWindow(hwnd);
@@ -181,7 +181,7 @@ DWORD WINAPI CreateManyDialogs(void* failures) {
             if (msg == WM_INITDIALOG) initialisedOn = GetCurrentThreadId();
             return std::nullopt;
         };
-        const HWND hwnd = dialog.Create(IDD_TEST_CHILD, HWND_MESSAGE);
+        HWND hwnd = dialog.Create(IDD_TEST_CHILD, HWND_MESSAGE);
         const bool found = hwnd && dialog.Handle() == hwnd && Window::FromHandle(hwnd) == &dialog &&
                            initialisedOn == GetCurrentThreadId();
         if (!found) ++*static_cast<int*>(failures);
@@ -196,7 +196,7 @@ TEST(ModelessDialog, FindsItsObjectWhileOtherThreadsCreateDialogs) {
     for (size_t index = 0; index < threads.size(); ++index)
         threads[index] = CreateThread(nullptr, 0, CreateManyDialogs, &failures[index], 0, nullptr);
     WaitForMultipleObjects(static_cast<DWORD>(threads.size()), threads.data(), TRUE, INFINITE);
-    for (const HANDLE thread : threads) CloseHandle(thread);
+    for (HANDLE thread : threads) CloseHandle(thread);
     EXPECT_EQ(failures, (std::array<int, 3>{}));
     EXPECT_EQ(Module::Get().Creations().Take(), nullptr);
 }

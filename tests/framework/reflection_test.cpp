@@ -73,8 +73,9 @@ class Reflection : public testing::Test {
 
 TEST_F(Reflection, FindsTheSenderOfCommandsScrollsColoursAndKeysInTheParameter) {
     for (const UINT msg :
-         {WM_COMMAND, WM_HSCROLL, WM_VSCROLL, WM_VKEYTOITEM, WM_CHARTOITEM, WM_CTLCOLORBTN, WM_CTLCOLORDLG,
-          WM_CTLCOLOREDIT, WM_CTLCOLORLISTBOX, WM_CTLCOLORMSGBOX, WM_CTLCOLORSCROLLBAR, WM_CTLCOLORSTATIC}) {
+         std::initializer_list<UINT>{WM_COMMAND, WM_HSCROLL, WM_VSCROLL, WM_VKEYTOITEM, WM_CHARTOITEM,
+                                     WM_CTLCOLORBTN, WM_CTLCOLORDLG, WM_CTLCOLOREDIT, WM_CTLCOLORLISTBOX,
+                                     WM_CTLCOLORMSGBOX, WM_CTLCOLORSCROLLBAR, WM_CTLCOLORSTATIC}) {
         SCOPED_TRACE(msg);
         ExpectReflected(msg, MAKEWPARAM(kFirst, 5), SecondWindow());
     }
@@ -130,7 +131,7 @@ TEST_F(Reflection, LeavesControlsWithoutAnObjectAlone) {
 }
 
 TEST_F(Reflection, LeavesMessagesThatAreNoNotificationsAlone) {
-    for (const UINT msg : {WM_SETTEXT, WM_KEYDOWN, WM_SETFOCUS, WM_USER + 1})
+    for (const UINT msg : std::initializer_list<UINT>{WM_SETTEXT, WM_KEYDOWN, WM_SETFOCUS, WM_USER + 1})
         ExpectNotReflected(msg, kSecond, SecondWindow());
 }
 
@@ -150,10 +151,11 @@ TEST_F(Reflection, DefaultHandlingIsTheDefaultWindowProceduresUnderTheOwnNumber)
                   DefWindowProcW(second.Handle(), msg, wParam, lParam))
             << msg;
     };
-    const HDC context = GetDC(second.Handle());
+    HDC context = GetDC(second.Handle());
     const auto canvas = reinterpret_cast<WPARAM>(context);
-    for (const UINT msg : {WM_CTLCOLORBTN, WM_CTLCOLORDLG, WM_CTLCOLOREDIT, WM_CTLCOLORLISTBOX,
-                           WM_CTLCOLORMSGBOX, WM_CTLCOLORSCROLLBAR, WM_CTLCOLORSTATIC}) {
+    for (const UINT msg :
+         std::initializer_list<UINT>{WM_CTLCOLORBTN, WM_CTLCOLORDLG, WM_CTLCOLOREDIT, WM_CTLCOLORLISTBOX,
+                                     WM_CTLCOLORMSGBOX, WM_CTLCOLORSCROLLBAR, WM_CTLCOLORSTATIC}) {
         expectDefault(msg, canvas, SecondWindow());
     }
     EXPECT_EQ(DefaultReflection(second.Handle(), OCM_CTLCOLOREDIT, canvas, SecondWindow()),
@@ -161,15 +163,17 @@ TEST_F(Reflection, DefaultHandlingIsTheDefaultWindowProceduresUnderTheOwnNumber)
     ReleaseDC(second.Handle(), context);
     EXPECT_EQ(DefaultReflection(second.Handle(), OCM_VKEYTOITEM, 0, SecondWindow()), -1);
     EXPECT_EQ(DefaultReflection(second.Handle(), OCM_CHARTOITEM, 0, SecondWindow()), -1);
-    for (const UINT msg : {WM_COMMAND, WM_HSCROLL, WM_VSCROLL}) expectDefault(msg, 0, SecondWindow());
+    for (const UINT msg : std::initializer_list<UINT>{WM_COMMAND, WM_HSCROLL, WM_VSCROLL})
+        expectDefault(msg, 0, SecondWindow());
     NMHDR header = {.hwndFrom = second.Handle(), .idFrom = kSecond, .code = NM_CLICK};
     expectDefault(WM_NOTIFY, kSecond, Pointer(&header));
     expectDefault(WM_PARENTNOTIFY, MAKEWPARAM(WM_LBUTTONDOWN, kSecond), 0);
 }
 
 TEST_F(Reflection, DefaultHandlingIsForReflectedNotificationsOnly) {
-    for (const UINT msg : {UINT{WM_COMMAND}, UINT{WM_NOTIFY}, UINT{WM_SETTEXT}, UINT{OCM__BASE + WM_SETTEXT},
-                           UINT{OCM__BASE}, UINT{WM_APP}}) {
+    for (const UINT msg :
+         std::initializer_list<UINT>{UINT{WM_COMMAND}, UINT{WM_NOTIFY}, UINT{WM_SETTEXT},
+                                     UINT{OCM__BASE + WM_SETTEXT}, UINT{OCM__BASE}, UINT{WM_APP}}) {
         EXPECT_EQ(DefaultReflection(second.Handle(), msg, 0, 0), std::nullopt) << msg;
     }
 }

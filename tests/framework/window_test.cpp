@@ -108,7 +108,7 @@ TEST(AttachedObject, IsRefusedASecondWindow) {
 
 TEST(AttachedObject, IsRefusedWhereThereIsNoWindow) {
     RecordingWindow object;
-    for (const HWND nowhere : {HWND{nullptr}, HiddenWindow().get()}) {
+    for (HWND nowhere : {HWND{nullptr}, HiddenWindow().get()}) {
         SetLastError(ERROR_SUCCESS);
         EXPECT_FALSE(object.SubclassWindow(nowhere));
         EXPECT_EQ(GetLastError(), DWORD{ERROR_OUTOFMEMORY});
@@ -124,7 +124,7 @@ TEST(AttachedObject, IsNotFoundFromAnotherThread) {
         HWND hwnd;
         Window* found;
     } call{.hwnd = edit.get(), .found = &object};
-    const HANDLE thread = CreateThread(
+    HANDLE thread = CreateThread(
         nullptr, 0,
         [](void* parameter) -> DWORD {
             auto& wanted = *static_cast<Call*>(parameter);
@@ -230,22 +230,31 @@ TEST(FinalMessage, WaitsForTheHandlerThatDestroysTheWindow) {
     EXPECT_EQ(finals, 1);
 }
 
+// Destroys its window on a ping and deletes itself at the end.
+class SelfDeletingWindow final : public Window {
+  public:
+    explicit SelfDeletingWindow(int& alive) : m_alive(alive) { ++m_alive; }
+    ~SelfDeletingWindow() override { --m_alive; }
+
+  private:
+    std::optional<LRESULT> ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM, LPARAM) override {
+        if (msg != kPing) return std::nullopt;
+        DestroyWindow(hwnd);
+        EXPECT_EQ(m_alive, 1);
+        return kPong;
+    }
+    void OnFinalMessage(HWND) noexcept override { delete this; }
+
+    int& m_alive;
+};
+
 TEST(FinalMessage, MayDeleteTheObject) {
     UniqueWindow edit = HiddenWindow();
-    auto object = std::make_unique<RecordingWindow>();
-    object->handler = [&](const Message& message) -> std::optional<LRESULT> {
-        if (message.msg == kPing) edit.reset();
-        return std::nullopt;
-    };
-    // The function must outlive the object that holds it while it runs.
-    const auto final = std::make_shared<std::function<void()>>([&] { object.reset(); });
-    object->onFinalMessage = [final] {
-        const auto kept = final;
-        (*kept)();
-    };
-    ASSERT_TRUE(object->SubclassWindow(edit.get()));
-    SendMessageW(edit.get(), kPing, 0, 0);
-    EXPECT_EQ(object, nullptr);
+    int alive = 0;
+    auto object = std::make_unique<SelfDeletingWindow>(alive);
+    ASSERT_TRUE(object.release()->SubclassWindow(edit.get()));
+    EXPECT_EQ(SendMessageW(edit.detach(), kPing, 0, 0), kPong);
+    EXPECT_EQ(alive, 0);
 }
 
 TEST(MessageHandler, LetsNoExceptionEscape) {
