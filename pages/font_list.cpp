@@ -11,17 +11,9 @@ constexpr wchar_t kVerticalMark = L'@';  // begins the name of a face's variant 
 constexpr std::uint32_t kLicenceMask = 7;
 constexpr std::uint32_t kRestrictedEmbedding = 2;
 
-}  // namespace
-
-void FontFaces::Add(const FaceReport& report, const LicenceQuery& licence) {
-    const std::uint32_t flags = FlagsOf(report, licence);
-    m_faces.push_back({.name = std::wstring(report.name), .flags = flags});
-    m_firstByName.try_emplace(m_faces.back().name, m_faces.size() - 1);
-}
-
-std::uint32_t FontFaces::FlagsOf(const FaceReport& report, const LicenceQuery& licence) const {
+std::uint32_t FlagsOf(const FaceReport& report, bool isRepeated, const LicenceQuery& licence) {
     if (!(report.type & (FaceReport::kTrueTypeType | FaceReport::kDeviceType))) return font_flag::kRaster;
-    if (report.name.starts_with(kVerticalMark) || Find(std::wstring(report.name))) return 0;
+    if (report.name.starts_with(kVerticalMark) || isRepeated) return 0;
 
     std::uint32_t flags = 0;
     if (!(report.pitchAndFamily & FaceReport::kTrueTypePitch)) flags |= font_flag::kNotTrueType;
@@ -30,15 +22,29 @@ std::uint32_t FontFaces::FlagsOf(const FaceReport& report, const LicenceQuery& l
     return flags;
 }
 
-const FontFace* FontFaces::Find(const std::wstring& name) const {
+FontFace Copy(const FontFaces::Entry& entry) {
+    return {.name = *entry.name, .flags = entry.flags};
+}
+
+}  // namespace
+
+void FontFaces::Add(const FaceReport& report, const LicenceQuery& licence) {
+    const auto [first, isNew] = m_firstByName.try_emplace(std::wstring(report.name), m_entries.size());
+    m_entries.push_back({.name = &first->first, .flags = 0});
+    m_entries.back().flags = FlagsOf(report, !isNew, licence);
+}
+
+const FontFaces::Entry* FontFaces::Find(const std::wstring& name) const {
     const auto found = m_firstByName.find(name);
-    return found == m_firstByName.end() ? nullptr : &m_faces[found->second];
+    return found == m_firstByName.end() ? nullptr : &m_entries[found->second];
 }
 
 FontOffer::FontOffer(const FontFaces& faces, NameKey key) : m_faces(faces), m_key(std::move(key)) {
-    for (const FontFace& face : faces.All()) {
-        if (face.flags == font_flag::kRaster) continue;
-        if (m_byKey.try_emplace(m_key(face.name), m_offered.size()).second) m_offered.push_back(&face);
+    const std::wstring* last = nullptr;  // a name's repetitions mostly follow it, and need no key
+    for (const FontFaces::Entry& face : faces.All()) {
+        if (face.flags == font_flag::kRaster || face.name == last) continue;
+        last = face.name;
+        if (m_byKey.try_emplace(m_key(*face.name), m_offered.size()).second) m_offered.push_back(&face);
     }
 }
 
@@ -46,22 +52,22 @@ std::vector<FontFace> FontOffer::Take(std::wstring_view storedList) {
     std::vector<FontFace> taken;
     for (const std::wstring_view piece : SplitFontList(storedList)) {
         const std::wstring name(piece);
-        const FontFace* face = TakeName(name);
+        const FontFaces::Entry* face = TakeName(name);
         if (!face) face = m_faces.Find(name);
-        if (face) taken.push_back(*face);
+        if (face) taken.push_back(Copy(*face));
     }
     return taken;
 }
 
-const FontFace* FontOffer::TakeName(const std::wstring& name) {
+const FontFaces::Entry* FontOffer::TakeName(const std::wstring& name) {
     const auto found = m_byKey.find(m_key(name));
     return found == m_byKey.end() ? nullptr : std::exchange(m_offered[found->second], nullptr);
 }
 
 std::vector<FontFace> FontOffer::Rest() const {
     std::vector<FontFace> rest;
-    for (const FontFace* const face : m_offered)
-        if (face) rest.push_back(*face);
+    for (const FontFaces::Entry* const face : m_offered)
+        if (face) rest.push_back(Copy(*face));
     return rest;
 }
 

@@ -19,7 +19,7 @@ inline constexpr std::uint32_t kRestrictedLicence = 2;
 inline constexpr std::uint32_t kRaster = 4;  // on its own: nothing else is examined
 }  // namespace font_flag
 
-// A face of an installed font.
+// A face of an installed font, by itself.
 struct FontFace {
     std::wstring name;
     std::uint32_t flags = 0;
@@ -42,21 +42,31 @@ struct FaceReport {
 using LicenceQuery = std::function<std::optional<std::uint32_t>()>;
 
 // The enumerated faces in the system's order. A face that the system reports more than once (for each of its
-// character sets) is here as often; only its first report is examined.
+// character sets) is here as often, but only its first report is examined, and its name is kept once.
 class FontFaces {
   public:
+    struct Entry {
+        const std::wstring* name;  // the same object for the same name
+        std::uint32_t flags;
+    };
+
+    FontFaces() = default;
+    ~FontFaces() = default;
+    FontFaces(FontFaces&&) = default;
+    FontFaces& operator=(FontFaces&&) = default;
+    FontFaces(const FontFaces&) = delete;
+    FontFaces& operator=(const FontFaces&) = delete;
+
     // Appends a face with its flags. The licence is asked for only where the flags depend on it.
     void Add(const FaceReport& report, const LicenceQuery& licence);
 
-    std::span<const FontFace> All() const { return m_faces; }
-    // The first face with exactly this name; null when there is none.
-    const FontFace* Find(const std::wstring& name) const;
+    std::span<const Entry> All() const { return m_entries; }
+    // The first entry with exactly this name; null when there is none.
+    const Entry* Find(const std::wstring& name) const;
 
   private:
-    std::uint32_t FlagsOf(const FaceReport& report, const LicenceQuery& licence) const;
-
-    std::vector<FontFace> m_faces;
-    std::unordered_map<std::wstring, std::size_t> m_firstByName;
+    std::vector<Entry> m_entries;
+    std::unordered_map<std::wstring, std::size_t> m_firstByName;  // its keys are the entries' names
 };
 
 // The faces that are offered for choosing, each name once, while stored lists take theirs out of them.
@@ -77,11 +87,11 @@ class FontOffer {
     std::vector<FontFace> Rest() const;
 
   private:
-    const FontFace* TakeName(const std::wstring& name);
+    const FontFaces::Entry* TakeName(const std::wstring& name);
 
     const FontFaces& m_faces;
     NameKey m_key;
-    std::vector<const FontFace*> m_offered;  // null once taken
+    std::vector<const FontFaces::Entry*> m_offered;  // null once taken
     std::unordered_map<std::string, std::size_t> m_byKey;
 };
 

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vmk::test {
@@ -47,6 +48,13 @@ std::vector<std::wstring> Names(const std::vector<FontFace>& faces) {
     return names;
 }
 
+std::vector<FontFace> Copies(const FontFaces& faces) {
+    std::vector<FontFace> copies;
+    for (const FontFaces::Entry& entry : faces.All())
+        copies.push_back({.name = *entry.name, .flags = entry.flags});
+    return copies;
+}
+
 std::uint32_t FlagsOf(const FaceReport& report, std::optional<std::uint32_t> licence = {}) {
     FontFaces faces;
     faces.Add(report, [&] { return licence; });
@@ -83,8 +91,8 @@ TEST(FontFaces, AFontThatIsNeitherTrueTypeNorADeviceFontIsARasterFont) {
 TEST(FontFaces, ARasterFontStaysOneUnderANameWithAnAtSignOrTwice) {
     FontFaces faces;
     for (int i = 0; i < 2; ++i) faces.Add({.name = L"@A", .type = kRasterType}, NoLicence);
-    EXPECT_THAT(faces.All(), ElementsAre(FontFace{.name = L"@A", .flags = font_flag::kRaster},
-                                         FontFace{.name = L"@A", .flags = font_flag::kRaster}));
+    EXPECT_THAT(Copies(faces), ElementsAre(FontFace{.name = L"@A", .flags = font_flag::kRaster},
+                                           FontFace{.name = L"@A", .flags = font_flag::kRaster}));
 }
 
 TEST(FontFaces, TheTrueTypeBitOfThePitchDecidesWhetherAFontIsTrueType) {
@@ -112,7 +120,7 @@ TEST(FontFaces, AFaceForVerticalWritingHasNoFlagsAndIsNotExamined) {
         ADD_FAILURE() << "examined";
         return 2;
     });
-    EXPECT_THAT(faces.All(), ElementsAre(FontFace{.name = L"@A", .flags = 0}));
+    EXPECT_THAT(Copies(faces), ElementsAre(FontFace{.name = L"@A", .flags = 0}));
 }
 
 TEST(FontFaces, ARepeatedFaceIsAppendedWithoutFlagsAndExaminedOnce) {
@@ -125,8 +133,8 @@ TEST(FontFaces, ARepeatedFaceIsAppendedWithoutFlagsAndExaminedOnce) {
         });
     }
     EXPECT_EQ(examined, 2);
-    EXPECT_THAT(faces.All(), ElementsAre(FontFace{.name = L"A", .flags = 3}, FontFace{.name = L"A"},
-                                         FontFace{.name = L"a", .flags = 3}, FontFace{.name = L"A"}));
+    EXPECT_THAT(Copies(faces), ElementsAre(FontFace{.name = L"A", .flags = 3}, FontFace{.name = L"A"},
+                                           FontFace{.name = L"a", .flags = 3}, FontFace{.name = L"A"}));
 }
 
 TEST(FontFaces, FindsTheFirstFaceWithExactlyTheName) {
@@ -136,6 +144,14 @@ TEST(FontFaces, FindsTheFirstFaceWithExactlyTheName) {
     EXPECT_EQ(faces.Find(L"A"), &faces.All()[0]);
     EXPECT_EQ(faces.Find(L"a"), nullptr);
     EXPECT_EQ(faces.Find(L""), nullptr);
+}
+
+TEST(FontFaces, NamesOutliveTheMoveOfTheirFaces) {
+    FontFaces faces = Faces({L"A", L"B", L"A"});
+    const FontFaces moved = std::move(faces);
+    EXPECT_THAT(Copies(moved),
+                ElementsAre(FontFace{.name = L"A"}, FontFace{.name = L"B"}, FontFace{.name = L"A"}));
+    EXPECT_EQ(moved.Find(L"A"), &moved.All()[0]);
 }
 
 TEST(FontOffer, OffersEachNameOnceWithTheIconOfItsFirstOccurrence) {
