@@ -75,6 +75,14 @@ std::optional<std::wstring> ScratchSettings::Text(const char* name) const {
     return text.c_str();
 }
 
+int ScratchSettings::Count() const {
+    const SettingsKey opened = OpenSettingsKey(m_subKey.c_str(), KeyAccess::kRead);
+    DWORD count = 0;
+    RegQueryInfoKeyW(opened.key.get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &count, nullptr, nullptr,
+                     nullptr, nullptr);
+    return static_cast<int>(count);
+}
+
 PrinterSettings ScratchSettings::Load() const {
     PrinterSettings settings;
     LoadFromRegistry(page_bit::kAllPages, m_subKey.c_str(), settings);

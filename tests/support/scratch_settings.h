@@ -26,6 +26,8 @@ class ScratchSettings {
     // Empty when there is no such value, or one of another type.
     std::optional<std::int32_t> Number(const char* name) const;
     std::optional<std::wstring> Text(const char* name) const;
+    // How many values the key holds.
+    int Count() const;
     // The record that the key holds.
     PrinterSettings Load() const;
 

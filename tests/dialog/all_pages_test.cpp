@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/live_dialog.h"
+#include "tests/support/wait.h"
+
+namespace vmk::test {
+namespace {
+
+// One change on one page, made with the mouse or the keyboard, and what it makes of the settings.
+struct PageChange {
+    const wchar_t* page;
+    UINT control;
+    enum { kClick, kArrowDown, kType } action;
+    void (*effect)(PrinterSettings&);
+    const wchar_t* shown;  // the text of a list or an edit box afterwards; null: the button is checked
+};
+
+const PageChange kChanges[] = {
+    {L"Paper", 289, PageChange::kArrowDown, [](PrinterSettings& s) { s.Paper = {.Nup = 2, .NupOrder = 0}; }, L"2 pages"},
+    {L"General", 295, PageChange::kClick, [](PrinterSettings& s) { s.General.PDFSpec = 5; }, nullptr},
+    {L"Compression", 255, PageChange::kArrowDown, [](PrinterSettings& s) { s.Compression.Mono.Method = 2; }, L"ZIP"},
+    {L"Graphics", 267, PageChange::kClick, [](PrinterSettings& s) { s.Downsample.Color.Use = 1; }, nullptr},
+    {L"Fonts", 302, PageChange::kClick, [](PrinterSettings& s) { s.Fonts.Embedd.All = 1; }, nullptr},
+    {L"Watermarks", 309, PageChange::kClick, [](PrinterSettings& s) { s.Watermarks.Print = 1; }, nullptr},
+    {L"Overlay", 356, PageChange::kClick, [](PrinterSettings& s) { s.Overlay.Enable = 1; }, nullptr},
+    {L"Security", 310, PageChange::kClick, [](PrinterSettings& s) { s.Security.Use = 1; }, nullptr},
+    {L"Digital Signature", 356, PageChange::kClick, [](PrinterSettings& s) { s.Security.Digisig.Enable = 1; }, nullptr},
+    {L"Links", 325, PageChange::kClick, [](PrinterSettings& s) { s.Links.Files.Analize = 1; }, nullptr},
+    {L"Bookmarks", 348, PageChange::kClick, [](PrinterSettings& s) { s.Bookmarks.Print = 1; }, nullptr},
+    {L"Document Info", 238, PageChange::kType, [](PrinterSettings& s) { s.Info.Title = L"Report 7"; }, L"Report 7"},
+    {L"Save", 204, PageChange::kClick, [](PrinterSettings& s) { s.Save.ShowSaveDialog = 1; }, nullptr},
+    {L"e-Mail", 334, PageChange::kArrowDown, [](PrinterSettings& s) { s.Email.Type = 1; },
+     L"Launch Default e-Mail Client"},
+    {L"Optimization", 207, PageChange::kClick, [](PrinterSettings& s) { s.Optimization.NoTransparency = 1; }, nullptr},
+};
+
+// Defaults, but for the font lists: which of their names are installed is up to the machine.
+PrinterSettings Initial() {
+    PrinterSettings settings;
+    settings.Fonts.Embedd.Never.clear();
+    return settings;
+}
+
+PrinterSettings Changed() {
+    PrinterSettings settings = Initial();
+    for (const PageChange& change : kChanges) change.effect(settings);
+    return settings;
+}
+
+bool IsShown(const LiveWindow& page, const PageChange& change) {
+    if (!change.shown) return page.IsChecked(change.control);
+    return page.Text(change.control) == change.shown;
+}
+
+void Make(const LiveDialog& dialog, const PageChange& change) {
+    const LiveWindow page = dialog.Page(change.page);
+    ASSERT_FALSE(IsShown(page, change)) << change.control;
+    switch (change.action) {
+        case PageChange::kClick:
+            page.MouseClick(change.control);
+            break;
+        case PageChange::kArrowDown:
+            page.Focus(change.control);
+            dialog.PressKey(VK_DOWN);
+            break;
+        case PageChange::kType:
+            page.Focus(change.control);
+            dialog.TypeText(change.shown);
+            break;
+    }
+    EXPECT_TRUE(WaitUntil([&] { return IsShown(page, change); })) << change.control;
+}
+
+TEST(AllPages, OneChangeOnEachPageReachesRegistryRecordAndScreenAgain) {
+    const ScratchSettings before;
+    before.Store(Initial());
+    const ScratchSettings after;
+    {
+        LiveDialog dialog({.settings = &before});
+        for (const PageChange& change : kChanges) Make(dialog, change);
+        EXPECT_EQ(dialog.Record(), Initial());
+        EXPECT_EQ(dialog.Ok(), 1);
+        EXPECT_EQ(dialog.Record(), Changed());
+        dialog.Call([&](IPdfPrinterPreferences& object) {
+            object.StoreInRegistry(AllPages, AutomationString(after.SubKey()).get());
+        });
+    }
+    EXPECT_EQ(after.Count(), 122);
+    EXPECT_EQ(after.Load(), Changed());
+
+    LiveDialog again({.settings = &after});
+    for (const PageChange& change : kChanges) EXPECT_TRUE(IsShown(again.Page(change.page), change)) << change.control;
+    EXPECT_EQ(again.Record(), Changed());
+}
+
+TEST(AllPages, AfterCancelOnlyTheEmailPageHasStoredItsChange) {
+    const ScratchSettings before;
+    before.Store(Initial());
+    LiveDialog dialog({.settings = &before});
+    for (const PageChange& change : kChanges) Make(dialog, change);
+    EXPECT_EQ(dialog.Cancel(), 2);
+
+    PrinterSettings expected = Initial();
+    expected.Email = Changed().Email;
+    EXPECT_EQ(dialog.Record(), expected);
+}
+
+}  // namespace
+}  // namespace vmk::test
