@@ -47,7 +47,8 @@ TEST_F(HandleOwner, MovesItsHandle) {
     {
         UniqueNumber first(1);
         const UniqueNumber second(std::move(first));
-        EXPECT_EQ(first.get(), -1);  // NOLINT(bugprone-use-after-move)
+        // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
+        EXPECT_EQ(first.get(), -1);
         EXPECT_EQ(second.get(), 1);
     }
     ExpectClosed({1});

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <span>
 
 namespace vmk::test {
 namespace {
@@ -38,12 +40,13 @@ TEST_F(TextOfAWindow, IsCutAtTheLimit) {
 
 TEST(WipedText, LeavesNothingInItsMemory) {
     std::wstring text(100, L'p');
-    const wchar_t* const memory = text.data();
+    const auto address = reinterpret_cast<std::uintptr_t>(text.data());
     text.resize(10);
     Wipe(text);
     EXPECT_TRUE(text.empty());
-    ASSERT_EQ(text.data(), memory);
-    EXPECT_TRUE(std::all_of(memory, memory + 100, [](wchar_t character) { return character == 0; }));
+    ASSERT_EQ(reinterpret_cast<std::uintptr_t>(text.data()), address);
+    const std::span memory(text.data(), 100);
+    EXPECT_TRUE(std::ranges::all_of(memory, [](wchar_t character) { return character == 0; }));
 }
 
 }  // namespace
