@@ -32,7 +32,7 @@ struct Input {
 // Few names, so that they meet: "a" to "d" in either case, each with and without the mark of vertical
 // writing.
 std::wstring NameOf(std::uint8_t byte) {
-    const wchar_t letter = static_cast<wchar_t>((byte & 0x10 ? L'a' : L'A') + (byte & 3));
+    const auto letter = static_cast<wchar_t>((byte & 0x10 ? L'a' : L'A') + (byte & 3));
     return byte & 0x20 ? std::wstring{L'@', letter} : std::wstring{letter};
 }
 
@@ -87,10 +87,11 @@ std::vector<FontFace> SlowOffer(const std::vector<FontFace>& faces) {
 std::vector<std::wstring> SlowPieces(const std::wstring& list) {
     std::vector<std::wstring> pieces(1);
     for (const wchar_t unit : list) {
-        if (unit == L';')
+        if (unit == L';') {
             pieces.emplace_back();
-        else
+        } else {
             pieces.back() += unit;
+        }
     }
     return pieces;
 }
@@ -120,9 +121,10 @@ void Check(const Input& input) {
     CheckText(input.list);
 
     FontFaces faces;
-    for (const Input::Face& face : input.faces)
+    for (const Input::Face& face : input.faces) {
         faces.Add({.name = face.name, .type = face.type, .pitchAndFamily = face.pitch},
                   [&] { return std::optional(face.pitch); });
+    }
     const std::vector<FontFace> slowFaces = SlowFaces(input);
     Require(std::ranges::equal(faces.All(), slowFaces, [](const FontFaces::Entry& a, const FontFace& b) {
         return *a.name == b.name && a.flags == b.flags;

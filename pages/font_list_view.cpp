@@ -1,6 +1,7 @@
 #include "pages/font_list_view.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace vmk {
 namespace {
@@ -69,6 +70,7 @@ std::vector<FontFace> FontListView::TakeSelected() const {
 std::vector<std::wstring> FontListView::Names() const {
     std::vector<std::wstring> names;
     const int count = ListView_GetItemCount(m_list);
+    names.reserve(static_cast<std::size_t>(count));
     for (int item = 0; item < count; ++item) names.push_back(Face(item).name);
     return names;
 }

@@ -43,8 +43,8 @@ FontFaces Faces(const std::vector<std::wstring>& names) {
 }
 
 std::vector<std::wstring> Names(const std::vector<FontFace>& faces) {
-    std::vector<std::wstring> names;
-    for (const FontFace& face : faces) names.push_back(face.name);
+    std::vector<std::wstring> names(faces.size());
+    std::ranges::transform(faces, names.begin(), &FontFace::name);
     return names;
 }
 
@@ -104,12 +104,11 @@ TEST(FontFaces, TheTrueTypeBitOfThePitchDecidesWhetherAFontIsTrueType) {
 }
 
 TEST(FontFaces, OnlyTheThreeLowBitsOfTheLicenceTellARestrictedOne) {
+    const FaceReport report = {.name = L"A", .type = kTrueType, .pitchAndFamily = kOutlines};
     for (const std::uint32_t word : {2U, 0x102U, 0x30AU})
-        EXPECT_EQ(FlagsOf({.name = L"A", .type = kTrueType, .pitchAndFamily = kOutlines}, word),
-                  font_flag::kRestrictedLicence)
-            << word;
+        EXPECT_EQ(FlagsOf(report, word), font_flag::kRestrictedLicence) << word;
     for (const std::uint32_t word : {0U, 1U, 3U, 4U, 6U, 8U, 0x200U})
-        EXPECT_EQ(FlagsOf({.name = L"A", .type = kTrueType, .pitchAndFamily = kOutlines}, word), 0U) << word;
+        EXPECT_EQ(FlagsOf(report, word), 0U) << word;
     EXPECT_EQ(FlagsOf({.name = L"A", .type = kDevice}, 2),
               font_flag::kNotTrueType | font_flag::kRestrictedLicence);
 }

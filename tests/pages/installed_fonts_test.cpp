@@ -79,10 +79,11 @@ class SearchedList {
 TEST(ListSearchKey, IsEqualWhereAListViewTakesNamesForTheSame) {
     const SearchedList list;
     for (const wchar_t* const item : kNames) {
-        for (const wchar_t* const searched : kNames)
+        for (const wchar_t* const searched : kNames) {
             EXPECT_EQ(ListSearchKey(item) == ListSearchKey(searched), list.Holds(item, searched))
                 << testing::PrintToString(std::wstring(item)) << ", "
                 << testing::PrintToString(std::wstring(searched));
+        }
     }
 }
 

@@ -233,7 +233,7 @@ std::wstring TemporaryFile(const Bytes& contents) {
     GetTempPathW(MAX_PATH, folder);
     if (GetTempFileNameW(folder, L"fnt", 0, path) == 0)
         throw std::runtime_error("there is no place for a font file");
-    const HANDLE file = CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    HANDLE file = CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
     DWORD written = 0;
     WriteFile(file, contents.data(), static_cast<DWORD>(contents.size()), &written, nullptr);
     CloseHandle(file);
