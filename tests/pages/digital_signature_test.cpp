@@ -199,9 +199,10 @@ TEST_F(DigitalSignaturePage, OkStoresEverySettingForTheRegistry) {
 
 TEST_F(DigitalSignaturePage, EachTextEnablesApply) {
     Open();
-    for (const UINT edit : {IDC_SIGNATURE_FILE, IDC_SIGNATURE_PASSWORD, IDC_SIGNATURE_LOCATION,
-                            IDC_SIGNATURE_CONTACT, IDC_SIGNATURE_PAGE, IDC_SIGNATURE_LEFT, IDC_SIGNATURE_TOP,
-                            IDC_SIGNATURE_WIDTH, IDC_SIGNATURE_HEIGHT, IDC_SIGNATURE_IMAGE}) {
+    for (const UINT edit :
+         std::vector<UINT>{IDC_SIGNATURE_FILE, IDC_SIGNATURE_PASSWORD, IDC_SIGNATURE_LOCATION,
+                           IDC_SIGNATURE_CONTACT, IDC_SIGNATURE_PAGE, IDC_SIGNATURE_LEFT, IDC_SIGNATURE_TOP,
+                           IDC_SIGNATURE_WIDTH, IDC_SIGNATURE_HEIGHT, IDC_SIGNATURE_IMAGE}) {
         page.EnterText(edit, L"3");
         EXPECT_TRUE(dialog->IsApplyEnabled()) << edit;
         dialog->Apply();

@@ -11,12 +11,12 @@ namespace vmk::test {
 namespace {
 
 // What the dialog's thread last asked of the system's colour dialog.
-CHOOSECOLORW s_request;
+CHOOSECOLORW lastRequest;
 
 LRESULT CALLBACK RecordRequest(int code, WPARAM wParam, LPARAM lParam) {
     const auto& message = *reinterpret_cast<const CWPSTRUCT*>(lParam);
     if (code == HC_ACTION && message.message == WM_INITDIALOG && GetDlgItem(message.hwnd, COLOR_MIX))
-        s_request = *reinterpret_cast<const CHOOSECOLORW*>(message.lParam);
+        lastRequest = *reinterpret_cast<const CHOOSECOLORW*>(message.lParam);
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
@@ -212,13 +212,13 @@ TEST_F(LinksColor, EveryColorButBlackIsPreselected) {
                 SetWindowsHookExW(WH_CALLWNDPROC, RecordRequest, nullptr, GetCurrentThreadId());
             }});
         page = dialog->VisiblePage();
-        s_request = {};
+        lastRequest = {};
         const LiveWindow chooser = PressColorButton();
         ASSERT_TRUE(chooser);
-        EXPECT_EQ(s_request.lStructSize, sizeof(CHOOSECOLORW));
-        EXPECT_EQ(s_request.hwndOwner, page.Handle());
-        EXPECT_EQ((s_request.Flags & CC_RGBINIT) != 0, color != 0);
-        EXPECT_EQ(s_request.rgbResult, static_cast<COLORREF>(color));
+        EXPECT_EQ(lastRequest.lStructSize, sizeof(CHOOSECOLORW));
+        EXPECT_EQ(lastRequest.hwndOwner, page.Handle());
+        EXPECT_EQ((lastRequest.Flags & CC_RGBINIT) != 0, color != 0);
+        EXPECT_EQ(lastRequest.rgbResult, static_cast<COLORREF>(color));
         CloseWith(chooser, IDCANCEL);
     }
 }

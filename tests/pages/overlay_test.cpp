@@ -21,13 +21,13 @@ const std::vector<UINT> kHorizontalButtons = {357, 358, 359};
 const std::vector<UINT> kVerticalButtons = {360, 361, 362};
 
 // How often Apply was enabled on a thread with the hook below.
-std::atomic<int> s_timesApplyWasEnabled;
+std::atomic<int> timesApplyWasEnabled;
 
 LRESULT CALLBACK CountApply(int code, WPARAM wParam, LPARAM lParam) {
     const auto& message = *reinterpret_cast<const CWPSTRUCT*>(lParam);
     if (code == HC_ACTION && message.message == WM_ENABLE && message.wParam != 0 &&
         GetDlgCtrlID(message.hwnd) == IDC_MAIN_APPLY)
-        ++s_timesApplyWasEnabled;
+        ++timesApplyWasEnabled;
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
@@ -102,8 +102,8 @@ TEST_F(OverlayPage, ShowsTheStoredValues) {
                       .Fit = 1,
                       .KeepAspect = 1};
     Open();
-    for (const UINT box :
-         {IDC_OVERLAY_ENABLE, IDC_OVERLAY_FOREGROUND, IDC_OVERLAY_FIT, IDC_OVERLAY_KEEP_ASPECT})
+    for (const UINT box : std::vector<UINT>{IDC_OVERLAY_ENABLE, IDC_OVERLAY_FOREGROUND, IDC_OVERLAY_FIT,
+                                            IDC_OVERLAY_KEEP_ASPECT})
         EXPECT_TRUE(page.IsChecked(box)) << box;
     EXPECT_EQ(page.Text(IDC_OVERLAY_FILE), L"C:\\paper.pdf");
     EXPECT_EQ(page.Text(IDC_OVERLAY_PASSWORD), L"key");
@@ -123,12 +123,12 @@ TEST_F(OverlayPage, TheFileCannotBeTypedAndThePasswordIsShownAsDots) {
 TEST_F(OverlayPage, TheClickOnARepeatButtonEnablesApplyWhileThePageOpensAndTheDialogDisablesItAgain) {
     const ScratchSettings settings;
     settings.Store(stored);
-    const int before = s_timesApplyWasEnabled;
+    const int before = timesApplyWasEnabled;
     dialog.emplace(LiveDialog::Options{
         .pages = page_bit::kOverlay, .settings = &settings, .prepare = [](IPdfPrinterPreferences&) {
             SetWindowsHookExW(WH_CALLWNDPROC, CountApply, nullptr, GetCurrentThreadId());
         }});
-    EXPECT_EQ(s_timesApplyWasEnabled, before + 1);
+    EXPECT_EQ(timesApplyWasEnabled, before + 1);
     EXPECT_FALSE(dialog->IsApplyEnabled());
 }
 
