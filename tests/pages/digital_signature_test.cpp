@@ -64,6 +64,7 @@ class DigitalSignaturePage : public PageTest {
 
     std::vector<std::wstring> ShownLengths() const {
         std::vector<std::wstring> texts;
+        texts.reserve(kLengths.size());
         for (const UINT length : kLengths) texts.push_back(page.Text(length));
         return texts;
     }
