@@ -43,7 +43,7 @@ std::wstring QuotedForScript(std::wstring_view text) {
 }
 
 HRESULT RunScript(CvmkctrlModule& module, UINT script, ScriptMode mode) {
-    const std::wstring path = ModulePath();
+    const std::wstring path = Module::Get().Path();
     ComPointer<IRegistrar> registrar;
     HRESULT result = module.GetRegistrar(registrar.put());
     if (SUCCEEDED(result)) result = registrar->ClearReplacements();
@@ -67,7 +67,7 @@ HRESULT RegisterOwnTypeLibrary() {
     ComPointer<ITypeLib> library;
     const HRESULT result = LoadOwnTypeLibrary(library);
     if (FAILED(result)) return result;
-    std::wstring path = ModulePath();
+    std::wstring path = Module::Get().Path();
     std::wstring folder = path.substr(0, path.find_last_of(L'\\'));
     return RegisterTypeLib(library.get(), path.data(), folder.data());
 }

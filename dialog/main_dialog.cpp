@@ -20,16 +20,7 @@ std::wstring CurrentFolder() {
 
 // The folder of this module, with its last backslash.
 std::wstring ModuleFolder() {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length =
-            GetModuleFileNameW(Module::Get().Instance(), path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            break;
-        }
-        path.resize(path.size() * 2);
-    }
+    const std::wstring path = Module::Get().Path();
     return path.substr(0, path.rfind(L'\\') + 1);
 }
 

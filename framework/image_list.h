@@ -20,8 +20,8 @@ using UniqueImageList = UniqueHandle<ImageListTraits>;
 // pixel is transparent. Empty when it cannot be loaded.
 inline UniqueImageList LoadIconStrip(UINT bitmapId) noexcept {
     // As a DIB section: otherwise the list keeps no more than 16 colours.
-    return UniqueImageList(ImageList_LoadImageW(Module::Get().Instance(), MAKEINTRESOURCEW(bitmapId), 16, 1, CLR_DEFAULT,
-                                                IMAGE_BITMAP, LR_CREATEDIBSECTION));
+    return UniqueImageList(ImageList_LoadImageW(Module::Get().Instance(), MAKEINTRESOURCEW(bitmapId), 16, 1,
+                                                CLR_DEFAULT, IMAGE_BITMAP, LR_CREATEDIBSECTION));
 }
 
 }  // namespace vmk

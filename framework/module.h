@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <atomic>
+#include <string>
 
 #include "framework/creation_list.h"
 
@@ -23,6 +24,9 @@ class Module {
 
     // The binary that this code is linked into: where its resources are.
     HINSTANCE Instance() const noexcept { return m_instance; }
+
+    // The full path of that binary; empty when the system does not tell. Throws std::bad_alloc.
+    std::wstring Path() const;
 
     // The lock count keeps the module loaded: one for each live object and each LockServer(TRUE). May be
     // called from any thread; Lock and Unlock return the new count.

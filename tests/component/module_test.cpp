@@ -58,13 +58,13 @@ TEST_F(ModuleObject, RegistersTheApplicationAndThenTheClass) {
     ASSERT_EQ(m_registrar.Runs().size(), 2U);
     for (const FakeRegistrar::Run& run : m_registrar.Runs()) {
         EXPECT_EQ(run.verb, L"register");
-        EXPECT_EQ(run.file, ModulePath());
+        EXPECT_EQ(run.file, Module::Get().Path());
         EXPECT_EQ(run.type, L"REGISTRY");
         EXPECT_EQ(run.replacements.at(L"APPID"), L"{AA78F3FC-E173-4199-8320-1B972FB8A3C1}");
     }
     EXPECT_EQ(m_registrar.Runs()[0].script, 101U);
     EXPECT_EQ(m_registrar.Runs()[1].script, 102U);
-    EXPECT_EQ(m_registrar.Runs()[1].replacements.at(L"MODULE"), ModulePath());
+    EXPECT_EQ(m_registrar.Runs()[1].replacements.at(L"MODULE"), Module::Get().Path());
     ComPointer<ITypeLib> library;
     EXPECT_EQ(LoadRegTypeLib(kTypeLibraryId, 1, 0, 0, library.put()), S_OK);
 }

@@ -18,22 +18,27 @@ struct PageChange {
 };
 
 const PageChange kChanges[] = {
-    {L"Paper", 289, PageChange::kArrowDown, [](PrinterSettings& s) { s.Paper = {.Nup = 2, .NupOrder = 0}; }, L"2 pages"},
+    {L"Paper", 289, PageChange::kArrowDown, [](PrinterSettings& s) { s.Paper = {.Nup = 2, .NupOrder = 0}; },
+     L"2 pages"},
     {L"General", 295, PageChange::kClick, [](PrinterSettings& s) { s.General.PDFSpec = 5; }, nullptr},
-    {L"Compression", 255, PageChange::kArrowDown, [](PrinterSettings& s) { s.Compression.Mono.Method = 2; }, L"ZIP"},
+    {L"Compression", 255, PageChange::kArrowDown, [](PrinterSettings& s) { s.Compression.Mono.Method = 2; },
+     L"ZIP"},
     {L"Graphics", 267, PageChange::kClick, [](PrinterSettings& s) { s.Downsample.Color.Use = 1; }, nullptr},
     {L"Fonts", 302, PageChange::kClick, [](PrinterSettings& s) { s.Fonts.Embedd.All = 1; }, nullptr},
     {L"Watermarks", 309, PageChange::kClick, [](PrinterSettings& s) { s.Watermarks.Print = 1; }, nullptr},
     {L"Overlay", 356, PageChange::kClick, [](PrinterSettings& s) { s.Overlay.Enable = 1; }, nullptr},
     {L"Security", 310, PageChange::kClick, [](PrinterSettings& s) { s.Security.Use = 1; }, nullptr},
-    {L"Digital Signature", 356, PageChange::kClick, [](PrinterSettings& s) { s.Security.Digisig.Enable = 1; }, nullptr},
+    {L"Digital Signature", 356, PageChange::kClick, [](PrinterSettings& s) { s.Security.Digisig.Enable = 1; },
+     nullptr},
     {L"Links", 325, PageChange::kClick, [](PrinterSettings& s) { s.Links.Files.Analize = 1; }, nullptr},
     {L"Bookmarks", 348, PageChange::kClick, [](PrinterSettings& s) { s.Bookmarks.Print = 1; }, nullptr},
-    {L"Document Info", 238, PageChange::kType, [](PrinterSettings& s) { s.Info.Title = L"Report 7"; }, L"Report 7"},
+    {L"Document Info", 238, PageChange::kType, [](PrinterSettings& s) { s.Info.Title = L"Report 7"; },
+     L"Report 7"},
     {L"Save", 204, PageChange::kClick, [](PrinterSettings& s) { s.Save.ShowSaveDialog = 1; }, nullptr},
     {L"e-Mail", 334, PageChange::kArrowDown, [](PrinterSettings& s) { s.Email.Type = 1; },
      L"Launch Default e-Mail Client"},
-    {L"Optimization", 207, PageChange::kClick, [](PrinterSettings& s) { s.Optimization.NoTransparency = 1; }, nullptr},
+    {L"Optimization", 207, PageChange::kClick, [](PrinterSettings& s) { s.Optimization.NoTransparency = 1; },
+     nullptr},
 };
 
 // Defaults, but for the font lists: which of their names are installed is up to the machine.
@@ -91,7 +96,8 @@ TEST(AllPages, OneChangeOnEachPageReachesRegistryRecordAndScreenAgain) {
     EXPECT_EQ(after.Load(), Changed());
 
     LiveDialog again({.settings = &after});
-    for (const PageChange& change : kChanges) EXPECT_TRUE(IsShown(again.Page(change.page), change)) << change.control;
+    for (const PageChange& change : kChanges)
+        EXPECT_TRUE(IsShown(again.Page(change.page), change)) << change.control;
     EXPECT_EQ(again.Record(), Changed());
 }
 

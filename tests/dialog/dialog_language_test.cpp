@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <fstream>
 
+#include "resources/ids/document_info.h"
 #include "resources/ids/main.h"
+#include "resources/ids/security.h"
 #include "resources/ids/watermarks.h"
 #include "tests/support/language_folder.h"
 #include "tests/support/live_dialog.h"
@@ -88,6 +90,18 @@ TEST(DialogLanguage, OfTwoFilesOfOneLanguageOnlyTheFirstFoundIsUsed) {
     const LiveDialog dialog({.pages = 0, .language = kGerman});
     EXPECT_EQ(dialog.Main().Text(IDOK), isA ? L"eins" : L"zwei");
     EXPECT_EQ(dialog.Main().Text(IDCANCEL), isA ? L"Cancel" : L"zwei");
+}
+
+// A page is translated before it shows what is stored: only its own texts change.
+TEST(DialogLanguage, TheUsersOwnTextsAreShownAsStoredEvenIfTheyEqualASourceText) {
+    const LanguageFolder folder(kEntries);
+    const ScratchSettings settings;
+    settings.SetText("Info.Title", L"Apply");
+    settings.SetText("Security.UserPwd", L"Apply");
+    const LiveDialog dialog(
+        {.pages = page_bit::kDocumentInfo | page_bit::kSecurity, .language = kGerman, .settings = &settings});
+    EXPECT_EQ(dialog.Page(L"Document Info").Text(IDC_DOCINFO_TITLE), L"Apply");
+    EXPECT_EQ(dialog.Page(L"Security").Text(IDC_SECURITY_USER_PASSWORD), L"Apply");
 }
 
 TEST(DialogLanguage, WithoutAConfiguredFolderTheDialogStaysEnglish) {

@@ -38,6 +38,8 @@ inline std::vector<int> FocusSteps(const LiveDialog& dialog, const LiveWindow& p
         HWND before = dialog.Focused();
         dialog.PressKey(key);
         WaitUntil([&] { return dialog.Focused() != before; });
+        // A combo box hands the focus on to its edit box; a call gets through when that is done.
+        dialog.Call([](IPdfPrinterPreferences&) {});
         reached.push_back(GetDlgCtrlID(dialog.Focused()));
     }
     return reached;

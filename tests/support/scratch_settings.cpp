@@ -78,8 +78,8 @@ std::optional<std::wstring> ScratchSettings::Text(const char* name) const {
 int ScratchSettings::Count() const {
     const SettingsKey opened = OpenSettingsKey(m_subKey.c_str(), KeyAccess::kRead);
     DWORD count = 0;
-    RegQueryInfoKeyW(opened.key.get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &count, nullptr, nullptr,
-                     nullptr, nullptr);
+    RegQueryInfoKeyW(opened.key.get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &count, nullptr,
+                     nullptr, nullptr, nullptr);
     return static_cast<int>(count);
 }
 
