@@ -3,6 +3,7 @@
 #include <array>
 
 #include "framework/module.h"
+#include "framework/system_library.h"
 
 namespace vmk {
 namespace {
@@ -35,8 +36,10 @@ CMyColorDialog::CMyColorDialog(COLORREF initial, HWND owner, POINT topLeft) noex
 }
 
 bool CMyColorDialog::Run() noexcept {
+    const SystemLibrary dialogs(L"comdlg32.dll");
+    auto* const chooseColor = dialogs.Find<decltype(ChooseColorW)>("ChooseColorW");
     const CreationList::Announcement announcement(Module::Get().Creations(), *this);
-    return ChooseColorW(&m_request) != FALSE;
+    return chooseColor && chooseColor(&m_request);
 }
 
 // The system creates the dialog; its initialisation message is the first chance to attach to it.

@@ -7,6 +7,8 @@
 
 #include <array>
 
+#include "framework/system_library.h"
+
 namespace vmk {
 namespace {
 
@@ -48,11 +50,16 @@ std::optional<std::wstring> ChooseFile(HWND owner, const OpenFileOptions& option
     request.nMaxFile = static_cast<DWORD>(path.size());
     request.Flags = kFlags;
 
-    BOOL chosen = GetOpenFileNameW(&request);
-    if (!chosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
+    const SystemLibrary dialogs(L"comdlg32.dll");
+    auto* const getOpenFileName = dialogs.Find<decltype(GetOpenFileNameW)>("GetOpenFileNameW");
+    auto* const extendedError = dialogs.Find<decltype(CommDlgExtendedError)>("CommDlgExtendedError");
+    if (!getOpenFileName || !extendedError) return std::nullopt;
+
+    BOOL chosen = getOpenFileName(&request);
+    if (!chosen && extendedError() == FNERR_INVALIDFILENAME) {
         // What stands in the box is no name for a file: then nothing is proposed.
         path.fill(L'\0');
-        chosen = GetOpenFileNameW(&request);
+        chosen = getOpenFileName(&request);
     }
     if (!chosen) return std::nullopt;
     return std::wstring(path.data());

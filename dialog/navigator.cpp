@@ -79,7 +79,8 @@ void CDlgSettings::AddPage(const PageRow& row) {
     const int index = ListView_InsertItem(List(), &item);
 
     // The entry comes first: a page that has a window must never be without an owner.
-    PageEntry& entry = m_pages.emplace_back(row.create(), nullptr, index);
+    m_pages.push_back({.page = row.create(), .window = nullptr, .item = index});
+    PageEntry& entry = m_pages.back();
     entry.window = entry.page->CreatePage(*this, Item(IDC_NAVIGATOR_FRAME));
 }
 

@@ -13,8 +13,8 @@ struct PageRow {
     static constexpr int kNoIcon = -1;
 
     PageSet bit;
-    const wchar_t* name;  // what the list shows, translated
     int icon;             // index into the page icons, or kNoIcon
+    const wchar_t* name;  // what the list shows, translated
     std::unique_ptr<PageWindow> (*create)();
 };
 

@@ -50,7 +50,7 @@ class ScriptDialog : public testing::Test {
 
     std::string RunAndPress(WORD button) const {
         HANDLE user = CreateThread(nullptr, 0, UseDialog, MAKEINTRESOURCEW(button), 0, nullptr);
-        const std::string printed = RunScript(L"edit.vbs", L"\"" + m_scratch.SubKey() + L"\"");
+        std::string printed = RunScript(L"edit.vbs", L"\"" + m_scratch.SubKey() + L"\"");
         WaitForSingleObject(user, INFINITE);
         CloseHandle(user);
         return printed;
