@@ -149,7 +149,7 @@ void CDlgDigSign::LoadCertificate() {
 }
 
 void CDlgDigSign::LoadReasons() {
-    const HWND list = Item(IDC_SIGNATURE_REASON);
+    HWND list = Item(IDC_SIGNATURE_REASON);
     for (const wchar_t* const reason : kReasons)
         SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Translate(reason).c_str()));
     SetWindowTextW(list, settings->Security.Digisig.Reason.c_str());

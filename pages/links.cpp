@@ -154,7 +154,7 @@ void CDlgLinks::PaintColorButton() {
     const UniqueDeviceContext screen(GetDC(Handle()));
     const UniqueDeviceContext memory(CreateCompatibleDC(screen.get()));
     UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), face.right, face.bottom));
-    const HGDIOBJ previous = SelectObject(memory.get(), bitmap.get());
+    HGDIOBJ previous = SelectObject(memory.get(), bitmap.get());
     const UniqueBrush brush(CreateSolidBrush(m_color));
     FillRect(memory.get(), &face, brush.get());
     SelectObject(memory.get(), previous);

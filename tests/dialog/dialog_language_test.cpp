@@ -68,7 +68,7 @@ TEST(DialogLanguage, OnlyTheLowWordOfTheIdentifierCounts) {
     dialog.Call([&](IPdfPrinterPreferences& object) {
         // The dialog closes itself as soon as its caption has been read.
         const UINT_PTR timer = SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR id, DWORD) {
-            if (const HWND open = GetActiveWindow()) {
+            if (HWND open = GetActiveWindow()) {
                 KillTimer(nullptr, id);
                 PostMessageW(open, WM_COMMAND,
                              LiveWindow(open).Text() == L"Druckeinstellungen" ? IDOK : IDCANCEL, 0);
@@ -136,8 +136,8 @@ TEST(DialogLanguage, AFolderTextOf260BytesOrMoreStaysEnglish) {
 TEST(DialogLanguage, FilesThatCannotBeReadAreSkipped) {
     const LanguageFolder folder(kEntries);
     CreateDirectoryW((folder.Path() + L"\\a.vlf").c_str(), nullptr);
-    const HANDLE locked = CreateFileW((folder.Path() + L"\\0.vlf").c_str(), GENERIC_WRITE, 0, nullptr,
-                                      CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    HANDLE locked = CreateFileW((folder.Path() + L"\\0.vlf").c_str(), GENERIC_WRITE, 0, nullptr,
+                                CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     EXPECT_EQ(CaptionIn(kGerman), L"Druckeinstellungen");
     CloseHandle(locked);
     RemoveDirectoryW((folder.Path() + L"\\a.vlf").c_str());

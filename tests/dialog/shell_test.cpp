@@ -73,7 +73,7 @@ TEST(PageSwitching, ShowsThePageOfTheSelectedItemAndHidesAllOthers) {
     const LiveDialog dialog;
     HWND previous = nullptr;
     for (const std::wstring& name : dialog.PageNames()) {
-        const HWND page = dialog.Page(name).Handle();
+        HWND page = dialog.Page(name).Handle();
         ASSERT_TRUE(page);
         EXPECT_NE(page, previous);
         EXPECT_EQ(dialog.VisiblePages(), 1);
@@ -83,14 +83,14 @@ TEST(PageSwitching, ShowsThePageOfTheSelectedItemAndHidesAllOthers) {
 
 TEST(PageSwitching, SelectingTheSelectedItemAgainChangesNothing) {
     const LiveDialog dialog;
-    const HWND page = dialog.Page(L"Watermarks").Handle();
+    HWND page = dialog.Page(L"Watermarks").Handle();
     EXPECT_EQ(dialog.Page(L"Watermarks").Handle(), page);
     EXPECT_EQ(dialog.VisiblePages(), 1);
 }
 
 TEST(PageSwitching, DeselectingLeavesTheCurrentPageVisible) {
     const LiveDialog dialog;
-    const HWND page = dialog.Page(L"Watermarks").Handle();
+    HWND page = dialog.Page(L"Watermarks").Handle();
     dialog.Deselect();
     EXPECT_EQ(dialog.SelectedItem(), -1);
     EXPECT_EQ(dialog.VisiblePage().Handle(), page);
