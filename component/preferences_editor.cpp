@@ -3,6 +3,7 @@
 #include <new>
 
 #include "dialog/preferences_dialog.h"
+#include "framework/window_text.h"
 #include "settings/reset.h"
 #include "settings/settings_key.h"
 
@@ -21,6 +22,13 @@ class Raised {
 };
 
 }  // namespace
+
+PreferencesEditor::~PreferencesEditor() {
+    auto& security = m_settings.Security;
+    for (std::wstring* const password : {&security.UserPwd, &security.OwnerPwd, &security.Digisig.PFXPassword,
+                                         &m_settings.Email.SMTP.Password, &m_settings.Overlay.Password})
+        Wipe(*password);
+}
 
 void PreferencesEditor::UseDefaults(PageSet groups) {
     ResetToDefaults(m_settings, groups);

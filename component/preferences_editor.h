@@ -20,6 +20,12 @@ class PreferencesEditor {
     // What RunDialog returns when there is no dialog to run.
     static constexpr LONG kNoDialog = -1;
 
+    PreferencesEditor() = default;
+    PreferencesEditor(const PreferencesEditor&) = delete;
+    PreferencesEditor& operator=(const PreferencesEditor&) = delete;
+    // Overwrites the record's passwords, so that they are not found in freed memory.
+    ~PreferencesEditor();
+
     void EnablePages(PageSet pages) noexcept { m_pages |= pages; }
     void DisablePages(PageSet pages) noexcept { m_pages &= ~pages; }
 

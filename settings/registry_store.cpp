@@ -58,6 +58,8 @@ void StoreNumber(HKEY key, const char* name, std::int32_t number) {
 // Converts what stands before the first zero, or all when there is none.
 void Widen(std::string_view narrow, std::wstring& wide) {
     narrow = narrow.substr(0, narrow.find('\0'));
+    // The old text may be a password, and resizing may give its memory back.
+    SecureZeroMemory(wide.data(), wide.size() * sizeof(wchar_t));
     wide.resize(narrow.size());  // no code page makes more characters than bytes
     const int length = static_cast<int>(narrow.size());
     const int converted = MultiByteToWideChar(CP_THREAD_ACP, 0, narrow.data(), length, wide.data(), length);
