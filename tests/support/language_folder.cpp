@@ -17,8 +17,8 @@ std::wstring NewFolder() {
     static std::atomic<int> count = 0;
     wchar_t temporary[MAX_PATH];
     GetTempPathW(MAX_PATH, temporary);
-    const std::wstring folder = std::wstring(temporary) + L"vlf-" + std::to_wstring(GetCurrentProcessId()) +
-                                L"-" + std::to_wstring(++count);
+    std::wstring folder = std::wstring(temporary) + L"vlf-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                          std::to_wstring(++count);
     CreateDirectoryW(folder.c_str(), nullptr);
     return folder;
 }
@@ -84,7 +84,7 @@ LanguageFolder::LanguageFolder(const Translations& entries, std::uint32_t langid
 
 LanguageFolder::~LanguageFolder() {
     WIN32_FIND_DATAW found;
-    const HANDLE search = FindFirstFileW((m_path + L"\\*.vlf").c_str(), &found);
+    HANDLE search = FindFirstFileW((m_path + L"\\*.vlf").c_str(), &found);
     if (search != INVALID_HANDLE_VALUE) {
         do {
             DeleteFileW((m_path + L"\\" + found.cFileName).c_str());

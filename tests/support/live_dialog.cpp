@@ -17,12 +17,12 @@ namespace vmk::test {
 namespace {
 
 constexpr wchar_t kCallerClass[] = L"VmkTestCaller";
-constexpr UINT WM_CALL = WM_APP + 1;
+constexpr UINT kCallMessage = WM_APP + 1;
 
 using Call = std::function<void()>;
 
 LRESULT CALLBACK CallerProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
-    if (msg != WM_CALL) return DefWindowProcW(hwnd, msg, wParam, lParam);
+    if (msg != kCallMessage) return DefWindowProcW(hwnd, msg, wParam, lParam);
     (*reinterpret_cast<const Call*>(lParam))();
     return 0;
 }
@@ -262,7 +262,7 @@ LiveDialog::LiveDialog(Options options) : m_session(std::make_unique<Session>(st
 LiveDialog::~LiveDialog() {
     if (!m_session->IsFinished()) {
         // Whatever stands over the main dialog goes first.
-        while (const HWND modal = ModalDialog(m_session->threadId, m_main.Handle())) {
+        while (HWND modal = ModalDialog(m_session->threadId, m_main.Handle())) {
             PostMessageW(modal, WM_COMMAND, IDCANCEL, 0);
             if (!WaitUntilClosed(LiveWindow(modal))) break;
         }
@@ -302,7 +302,7 @@ std::vector<int> LiveDialog::PageIcons() const {
 }
 
 std::vector<std::wstring> LiveDialog::PageNames() const {
-    const HWND list = List();
+    HWND list = List();
     std::vector<std::wstring> names;
     for (int index = 0; index < ListView_GetItemCount(list); ++index) {
         wchar_t text[260] = {};
@@ -384,7 +384,7 @@ PrinterSettings LiveDialog::Record() const {
 
 void LiveDialog::Call(const std::function<void(IPdfPrinterPreferences&)>& function) const {
     const vmk::test::Call call = [&] { function(*m_session->object); };
-    SendMessageW(m_session->caller, WM_CALL, 0, reinterpret_cast<LPARAM>(&call));
+    SendMessageW(m_session->caller, kCallMessage, 0, reinterpret_cast<LPARAM>(&call));
 }
 
 HWND LiveDialog::Focused() const {
@@ -419,7 +419,7 @@ void LiveDialog::TypeText(const std::wstring& text) const {
 
 LiveWindow LiveDialog::WaitForModal(HWND over) const {
     HWND modal = nullptr;
-    const HWND below = over ? over : m_main.Handle();
+    HWND below = over ? over : m_main.Handle();
     WaitUntil([&] {
         modal = ModalDialog(m_session->threadId, below);
         return modal != nullptr;
