@@ -62,7 +62,7 @@ function(vmk_add_layer name)
   endif()
 endfunction()
 
-# vmk_add_tests(NAME SOURCES file... [LIBRARIES target...] [DISPLAY] [TIMEOUT seconds])
+# vmk_add_tests(NAME SOURCES file... [LIBRARIES target...] [TIMEOUT seconds])
 #
 # One executable NAME_test of GoogleTest sources, and one ctest entry per source file, named NAME.<file without
 # _test>, which runs the suites that the file declares. Under Wine each entry is a process of its own, so a crash
