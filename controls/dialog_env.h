@@ -41,4 +41,19 @@ struct CDialogEnv {
     void TranslateMenuTexts(HMENU menu) const;
 };
 
+// Controls report whatever they are made to show as a change. While this lives, such reports do not count:
+// Apply is in the end as it was before.
+class NoChangeByUser {
+  public:
+    explicit NoChangeByUser(const CDialogEnv& env) noexcept
+        : m_applyButton(env.applyButton), m_wasEnabled(env.IsApplyEnabled()) {}
+    ~NoChangeByUser() { EnableWindow(m_applyButton, m_wasEnabled); }
+    NoChangeByUser(const NoChangeByUser&) = delete;
+    NoChangeByUser& operator=(const NoChangeByUser&) = delete;
+
+  private:
+    HWND m_applyButton;
+    bool m_wasEnabled;
+};
+
 }  // namespace vmk

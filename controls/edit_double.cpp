@@ -26,8 +26,7 @@ void CMyEditDouble::Bind(BoundDialog& page, UINT id, double& field, const Option
 void CMyEditDouble::ShowNumber(double number) {
     std::array<wchar_t, 400> text{};  // the largest double has 309 digits before the point
     std::swprintf(text.data(), text.size(), m_options.format, number);
-    // The same text again would count as a change by the user.
-    if (WindowText(Handle()) != text.data()) SetWindowTextW(Handle(), text.data());
+    SetWindowTextW(Handle(), text.data());
 }
 
 double CMyEditDouble::ReadNumber() const {
@@ -56,6 +55,12 @@ bool CMyEditDouble::Step(double change) {
     return true;
 }
 
+// The focus may be lost because the user has cancelled everything.
+void CMyEditDouble::ShowAnew(double number) {
+    const NoChangeByUser rewriting(*this);
+    SetNumber(number);
+}
+
 void CMyEditDouble::Store() {
     *m_field = m_working;
     m_stored = m_working;
@@ -65,12 +70,12 @@ std::optional<LRESULT> CMyEditDouble::ProcessWindowMessage(HWND hwnd, UINT msg, 
                                                            LPARAM lParam) {
     if (msg == WM_KILLFOCUS) {
         const double number = ReadNumber();
-        if (!Accepts(number)) {
-            SetNumber(m_stored);
+        const bool accepted = Accepts(number);
+        ShowAnew(accepted ? number : m_stored);
+        if (!accepted) {
             SetFocus(hwnd);
             return 0;
         }
-        SetNumber(number);
     }
     return BoundControl::ProcessWindowMessage(hwnd, msg, wParam, lParam);
 }

@@ -42,6 +42,7 @@ class CMyEditDouble final : public BoundControl, public SteppedEdit {
     bool HasRange() const { return m_options.minimum != -1.0 || m_options.maximum != -1.0; }
     bool Accepts(double number) const;
     bool Step(double change);
+    void ShowAnew(double number);
 
     double* m_field = nullptr;
     double m_stored = 0.0;

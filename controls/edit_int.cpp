@@ -34,6 +34,13 @@ bool CMyEditInt::Step(std::int64_t change) {
     return true;
 }
 
+// The focus may be lost because the user has cancelled everything.
+void CMyEditInt::ShowStored() {
+    const NoChangeByUser refusal(*this);
+    m_working = m_stored;
+    ShowNumber(m_stored);
+}
+
 void CMyEditInt::Store() {
     *m_field = m_working;
     m_stored = m_working;
@@ -43,8 +50,7 @@ std::optional<LRESULT> CMyEditInt::ProcessWindowMessage(HWND hwnd, UINT msg, WPA
     if (msg == WM_KILLFOCUS) {
         const std::int32_t number = ReadNumber();
         if (!Accepts(number)) {
-            m_working = m_stored;
-            ShowNumber(m_stored);
+            ShowStored();
             SetFocus(hwnd);
             return 0;
         }

@@ -37,6 +37,7 @@ class CMyEditInt final : public BoundControl, public SteppedEdit {
     bool Accepts(std::int32_t number) const;
     std::int32_t ReadNumber() const;
     bool Step(std::int64_t change);
+    void ShowStored();
 
     std::int32_t* m_field = nullptr;
     std::int32_t m_stored = 0;

@@ -15,10 +15,8 @@ INT_PTR CDlgSMTP::Run(HWND owner) noexcept {
 }
 
 void CDlgSMTP::OnInitDialog() {
-    const bool hadChanges = IsApplyEnabled();
+    const NoChangeByUser opening(*this);
     Load();
-    // The controls report what they are made to show like a change by the user, which opening is not.
-    EnableWindow(applyButton, hadChanges);
 }
 
 void CDlgSMTP::Load() {

@@ -96,6 +96,18 @@ TEST_F(BoundEditDouble, ARefusedNumberBringsBackTheLastStoredOneInTheFormat) {
     EXPECT_EQ(Stored(), 50.5);
 }
 
+TEST_F(BoundEditDouble, WhatTheBoxItselfWritesWhenItIsLeftIsNoChange) {
+    for (const wchar_t* const typed : {L"7", L"150"}) {
+        Open(1.0);
+        EnterText(typed);
+        DisableApply();
+        Focus();
+        Focus(IDC_TEST_LAST_STOP);
+        EXPECT_NE(Text(), typed);
+        EXPECT_FALSE(IsApplyEnabled()) << typed;
+    }
+}
+
 TEST_F(BoundEditDouble, ATextThatIsNoNumberCountsAsZero) {
     for (const wchar_t* const text : {L"word", L"", L"."}) {
         Open(1.0, {});

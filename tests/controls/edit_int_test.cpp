@@ -100,6 +100,16 @@ TEST_F(BoundEditInt, ARefusedNumberBringsBackTheLastStoredOne) {
     EXPECT_EQ(Stored(), 50);
 }
 
+TEST_F(BoundEditInt, BringingBackTheStoredNumberIsNoChange) {
+    Open(5);
+    EnterText(L"150");
+    DisableApply();
+    Focus();
+    Focus(IDC_TEST_LAST_STOP);
+    EXPECT_EQ(Text(), L"5");
+    EXPECT_FALSE(IsApplyEnabled());
+}
+
 TEST_F(BoundEditInt, ARefusedNumberKeepsTheFocusAlsoForTabAndEnter) {
     for (const WORD key : {WORD{VK_TAB}, WORD{VK_RETURN}}) {
         Open(5);

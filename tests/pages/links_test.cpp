@@ -149,6 +149,18 @@ TEST_F(LinksPage, CancelKeepsWhatWasAppliedAndNoMore) {
 
 // The detection
 
+TEST_F(LinksPage, CancelStoresNothingEvenIfAWidthIsStillBeingTyped) {
+    for (const wchar_t* const typed : {L"2", L"9"}) {
+        Open();
+        page.Focus(IDC_LINKS_WIDTH);
+        page.EnterText(IDC_LINKS_WIDTH, typed);
+        // Not by the button, which would take the focus first.
+        PostMessageW(dialog->Main().Handle(), WM_COMMAND, IDCANCEL, 0);
+        EXPECT_EQ(dialog->WaitForResult(), 2);
+        EXPECT_EQ(dialog->Record().Links, stored.Links) << typed;
+    }
+}
+
 TEST_F(LinksPage, OpenedWithTheDetectionOffItsControlsAreEnabledUntilItIsClickedOnAndOff) {
     stored.Links.Analize = 0;
     Open();
