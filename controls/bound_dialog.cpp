@@ -29,6 +29,7 @@ std::optional<LRESULT> BoundDialog::ProcessWindowMessage(HWND hwnd, UINT msg, WP
             return TRUE;
         case WM_COMMAND:
             if (OnCommand(CommandOf(wParam))) return 0;
+            if (wParam == IDCANCEL) CancelWholeDialog();
             break;
         case WM_NOTIFY: {
             const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
@@ -39,6 +40,13 @@ std::optional<LRESULT> BoundDialog::ProcessWindowMessage(HWND hwnd, UINT msg, WP
             break;
     }
     return ReflectNotification(hwnd, msg, wParam, lParam);
+}
+
+// A control inside has had Escape pressed: a bound one says so itself, a plain box of several lines has the
+// system say so to its parent, which is not the dialog that can be cancelled.
+void BoundDialog::CancelWholeDialog() const noexcept {
+    HWND root = GetAncestor(Handle(), GA_ROOT);
+    if (root != Handle()) PostMessageW(root, WM_COMMAND, IDCANCEL, 0);
 }
 
 bool BoundDialog::StepOnSpin(const NMHDR& header) {

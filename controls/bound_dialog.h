@@ -60,6 +60,7 @@ class BoundDialog : public Dialog, public CDialogEnv {
 
   private:
     bool StepOnSpin(const NMHDR& header);
+    void CancelWholeDialog() const noexcept;
 };
 
 }  // namespace vmk

@@ -58,6 +58,7 @@ class CMyCombobox final : public BoundControl {
     };
 
     bool OnReflectedCommand(UINT code) override;
+    bool UsesEscape() const override { return SendMessageW(Handle(), CB_GETDROPPEDSTATE, 0, 0) != FALSE; }
 
     std::int32_t* m_field = nullptr;
     std::vector<Item> m_items;

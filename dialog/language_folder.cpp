@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <array>
+#include <string_view>
 
 #include "settings/registry_key.h"
 #include "settings/registry_path.h"
@@ -16,8 +17,9 @@ std::string LanguageFolder() {
     DWORD size = folder.size();
     const LSTATUS status = RegQueryValueExA(key.get(), "VLF_PATH", nullptr, nullptr,
                                             reinterpret_cast<BYTE*>(folder.data()), &size);
-    if (status != ERROR_SUCCESS || size >= folder.size()) return {};
-    return folder.data();
+    if (status != ERROR_SUCCESS) return {};
+    const std::string_view stored(folder.data(), size);
+    return std::string(stored.substr(0, stored.find('\0')));
 }
 
 }  // namespace vmk

@@ -5,7 +5,7 @@
 namespace vmk {
 
 // The folder of the language files as an administrator has configured it: the ANSI text "VLF_PATH" under the
-// component's key in HKEY_LOCAL_MACHINE. Empty when there is none, or when it takes 260 bytes or more.
+// component's key in HKEY_LOCAL_MACHINE. Empty when there is none, or when it takes more than 260 bytes.
 std::string LanguageFolder();
 
 }  // namespace vmk

@@ -166,6 +166,19 @@ TEST_F(BoundCombobox, TheArrowKeysReachIt) {
     EXPECT_EQ(Stored(), 2);
 }
 
+TEST_F(BoundCombobox, EscapeClosesTheOpenListFirstAndCancelsTheDialogNext) {
+    Open(1, kNumbers);
+    Focus();
+    SendMessageW(Control(), CB_SHOWDROPDOWN, TRUE, 0);
+    const auto isOpen = [&] { return SendMessageW(Control(), CB_GETDROPPEDSTATE, 0, 0) != FALSE; };
+    PressKey(VK_ESCAPE);
+    EXPECT_TRUE(Until([&] { return !isOpen(); }));
+    Settle();
+    EXPECT_EQ(main.cancels, 0);
+    PressKey(VK_ESCAPE);
+    EXPECT_TRUE(Until([&] { return main.cancels == 1; }));
+}
+
 TEST_F(BoundCombobox, OtherNotificationsThanASelectionChangeNothing) {
     Open(1, kNumbers);
     for (const UINT code : std::initializer_list<UINT>{CBN_SETFOCUS, CBN_DROPDOWN, CBN_CLOSEUP, CBN_SELENDOK,

@@ -118,7 +118,7 @@ TEST(DialogLanguage, AFolderThatIsMissingOrAFileOrEmptyTextStaysEnglish) {
     }
 }
 
-TEST(DialogLanguage, AFolderTextOf260BytesOrMoreStaysEnglish) {
+TEST(DialogLanguage, AFolderThatIsTooLongToHoldAFileStaysEnglish) {
     const LanguageFolder folder(kEntries);
     std::string path;
     for (const wchar_t character : folder.Path()) path += static_cast<char>(character);

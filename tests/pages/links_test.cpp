@@ -161,6 +161,17 @@ TEST_F(LinksPage, CancelStoresNothingEvenIfAWidthIsStillBeingTyped) {
     }
 }
 
+TEST_F(LinksPage, EscapeCancelsFromEveryControlAndStoresNothing) {
+    for (const UINT id : {IDC_LINKS_ANALIZE, IDC_LINKS_TYPE, IDC_LINKS_WIDTH, IDC_LINKS_COLOR}) {
+        Open();
+        page.EnterText(IDC_LINKS_WIDTH, L"4");
+        page.Focus(id);
+        dialog->PressKey(VK_ESCAPE);
+        EXPECT_EQ(dialog->WaitForResult(), 2) << id;
+        EXPECT_EQ(dialog->Record().Links, stored.Links) << id;
+    }
+}
+
 TEST_F(LinksPage, OpenedWithTheDetectionOffItsControlsAreEnabledUntilItIsClickedOnAndOff) {
     stored.Links.Analize = 0;
     Open();

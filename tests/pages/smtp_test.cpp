@@ -150,6 +150,16 @@ TEST_F(SmtpDialog, ItsCloseBoxCancels) {
     EXPECT_EQ(Record().SMTP.Address, L"mail.example.org");
 }
 
+TEST_F(SmtpDialog, EscapeInAFieldCancelsItAndNotTheMainDialog) {
+    Open();
+    m_server.EnterText(kAddress, L"other");
+    FocusOn(kAddress);
+    m_dialog->PressKey(VK_ESCAPE);
+    ASSERT_TRUE(m_dialog->WaitUntilClosed(m_server));
+    EXPECT_EQ(Record().SMTP.Address, L"mail.example.org");
+    EXPECT_TRUE(IsWindow(m_dialog->Main().Handle()));
+}
+
 TEST_F(SmtpDialog, OpeningAndCancellingIsNoChange) {
     Open();
     EXPECT_FALSE(m_dialog->IsApplyEnabled());
