@@ -24,8 +24,7 @@ std::optional<LRESULT> BoundControl::ProcessWindowMessage(HWND hwnd, UINT msg, W
             return DLGC_WANTALLKEYS;
         case WM_KEYDOWN:
             // The dialog manager, which makes this of the key, does not get to see it.
-            if (wParam == VK_ESCAPE && !UsesEscape())
-                PostMessageW(m_page->Handle(), WM_COMMAND, IDCANCEL, 0);
+            if (wParam == VK_ESCAPE && !UsesEscape()) PostMessageW(m_page->Handle(), WM_COMMAND, IDCANCEL, 0);
             if (!movesFocus) return std::nullopt;
             MoveFocus(wParam == VK_TAB && GetKeyState(VK_SHIFT) < 0);
             return 0;

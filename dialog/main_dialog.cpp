@@ -49,7 +49,8 @@ CDlgMain::CDlgMain(PrinterSettings& settings, const PreferencesDialogOptions& op
 
 INT_PTR CDlgMain::Run() {
     const VisualStyle visualStyle;
-    return DoModal(IDD_MAIN, GetActiveWindow());
+    if (DoModal(IDD_MAIN, GetActiveWindow()) == kNotCreated) return kNotCreated;
+    return m_accepted ? IDOK : IDCANCEL;
 }
 
 std::optional<LRESULT> CDlgMain::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM /*lParam*/) {
@@ -57,10 +58,16 @@ std::optional<LRESULT> CDlgMain::ProcessWindowMessage(HWND hwnd, UINT msg, WPARA
         OnInitDialog();
         return FALSE;
     }
+    if (msg == WM_DESTROY && !m_accepted) {
+        // Cancelled, destroyed by the host, or closed because the host's thread is to end.
+        DisableApply();
+        return std::nullopt;
+    }
     const Command command = CommandOf(wParam);
     if (msg != WM_COMMAND || command.code != 0) return std::nullopt;
     switch (command.id) {
         case IDOK:
+            m_accepted = true;
             EndDialog(hwnd, IDOK);
             return 0;
         case IDCANCEL:

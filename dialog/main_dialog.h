@@ -30,6 +30,7 @@ class CDlgMain final : public Dialog {
     const PreferencesDialogOptions& m_options;
     Translator m_translator;
     HWND m_applyButton = nullptr;
+    bool m_accepted = false;  // by OK; ended in any other way, the dialog is cancelled
     CDlgSettings m_navigator;
 };
 

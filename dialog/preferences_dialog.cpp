@@ -9,7 +9,7 @@ INT_PTR RunPreferencesDialog(PrinterSettings& settings, const PreferencesDialogO
         return CDlgMain(settings, options).Run();
     } catch (...) {
         SetLastError(ERROR_OUTOFMEMORY);
-        return -1;
+        return Dialog::kNotCreated;
     }
 }
 

@@ -33,7 +33,7 @@ INT_PTR CALLBACK Dialog::StartProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lP
     if (!dialog) return FALSE;
     if (!dialog->SubclassWindow(hwnd)) {
         dialog->m_attachFailed = true;
-        EndDialog(hwnd, -1);
+        EndDialog(hwnd, kNotCreated);
         return FALSE;
     }
     const std::optional<LRESULT> answer = dialog->Dispatch(hwnd, msg, wParam, lParam);

@@ -10,8 +10,10 @@ namespace vmk {
 // so that WM_INITDIALOG already reaches ProcessWindowMessage.
 class Dialog : public Window {
   public:
-    // Runs the dialog modally. Returns what ends it (EndDialog), or -1 when it cannot be created; the
-    // thread's last error then says why (ERROR_OUTOFMEMORY when the object cannot be attached).
+    static constexpr INT_PTR kNotCreated = -1;
+
+    // Runs the dialog modally. Returns what ends it (EndDialog), or kNotCreated when it cannot be created;
+    // the thread's last error then says why (ERROR_OUTOFMEMORY when the object cannot be attached).
     INT_PTR DoModal(UINT templateId, HWND owner) noexcept;
 
     // Creates the dialog as a child or modeless window. Null when that fails, with the last error as above.

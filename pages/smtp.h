@@ -17,7 +17,7 @@ class CDlgSMTP final : public BoundDialog {
     // The environment of the dialog that opens this one.
     explicit CDlgSMTP(const CDialogEnv& env) { SetEnvironment(env.ForChild()); }
 
-    // Runs the dialog over the owner. IDOK or IDCANCEL, or -1 when it cannot be created.
+    // Runs the dialog over the owner. IDOK or IDCANCEL, or kNotCreated.
     INT_PTR Run(HWND owner) noexcept;
 
   private:

@@ -14,6 +14,24 @@ using Names = std::vector<std::wstring>;
 
 constexpr PageSet kFirstUnknownBit = 0x20000;
 
+// The control with this number at any depth below a window.
+HWND FindDescendant(HWND window, int id) {
+    struct Search {
+        int id;
+        HWND found;
+    } search{.id = id, .found = nullptr};
+    EnumChildWindows(
+        window,
+        [](HWND child, LPARAM parameter) -> BOOL {
+            auto& wanted = *reinterpret_cast<Search*>(parameter);
+            if (GetDlgCtrlID(child) != wanted.id) return TRUE;
+            wanted.found = child;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
 TEST(PageList, ShowsAllPagesInTheFixedOrder) {
     const LiveDialog dialog;
     EXPECT_EQ(dialog.PageNames(),
@@ -138,6 +156,43 @@ TEST(MainDialog, EnterAnswers1) {
     LiveDialog dialog;
     dialog.PressKey(VK_RETURN);
     EXPECT_EQ(dialog.WaitForResult(), 1);
+}
+
+TEST(MainDialog, DestroyedByTheHostItAnswers2AndStoresNothing) {
+    LiveDialog dialog({.pages = page_bit::kWatermarks});
+    dialog.VisiblePage().Click(IDC_WATERMARKS_PRINT);
+    dialog.Call([&](IPdfPrinterPreferences&) {
+        DestroyWindow(dialog.Main().Handle());
+        PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);  // the dialog's loop looks up at a message
+    });
+    EXPECT_EQ(dialog.WaitForResult(), 2);
+    EXPECT_EQ(dialog.Record().Watermarks.Print, 0);
+}
+
+TEST(MainDialog, ClosedByTheEndOfTheHostsMessageLoopItAnswers2AndStoresNothing) {
+    const ComApartment apartment;
+    const LoadedModule module;
+    const auto object = module.CreatePreferences();
+    object->EnablePage(Watermarks);
+    const UINT_PTR timer = SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR id, DWORD) {
+        HWND dialog = GetActiveWindow();
+        if (!dialog) return;
+        KillTimer(nullptr, id);
+        SendMessageW(FindDescendant(dialog, IDC_WATERMARKS_PRINT), BM_CLICK, 0, 0);
+        EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog, IDC_MAIN_APPLY)));
+        PostQuitMessage(7);
+    });
+    LONG answer = 0;
+    EXPECT_EQ(object->OpenDialog(0x0409, &answer), S_OK);
+    KillTimer(nullptr, timer);
+    EXPECT_EQ(answer, 2);
+
+    MSG quit{};
+    EXPECT_EQ(GetMessageW(&quit, nullptr, WM_QUIT, WM_QUIT), 0);
+    EXPECT_EQ(quit.wParam, 7U);
+    const ScratchSettings settings;
+    object->StoreInRegistry(Watermarks, AutomationString(settings.SubKey()).get());
+    EXPECT_EQ(settings.Load().Watermarks.Print, 0);
 }
 
 TEST(MainDialog, ApplyThenCancelKeepsTheAppliedValueOnly) {
