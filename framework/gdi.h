@@ -14,6 +14,7 @@ struct GdiObjectTraits {
 };
 using UniqueBitmap = UniqueHandle<GdiObjectTraits<HBITMAP>>;
 using UniqueBrush = UniqueHandle<GdiObjectTraits<HBRUSH>>;
+using UniqueFont = UniqueHandle<GdiObjectTraits<HFONT>>;
 
 // A device context that was created (or is handed back) by DeleteDC.
 struct DeviceContextTraits {

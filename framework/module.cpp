@@ -1,5 +1,7 @@
 #include "framework/module.h"
 
+#include "framework/library.h"
+
 // The linker puts this at the start of the image, so its address is the module handle.
 extern "C" IMAGE_DOS_HEADER
     __ImageBase;  // NOLINT(bugprone-reserved-identifier,readability-identifier-naming)
@@ -13,15 +15,7 @@ Module::Module() noexcept : m_instance(reinterpret_cast<HINSTANCE>(&__ImageBase)
 }
 
 std::wstring Module::Path() const {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length = GetModuleFileNameW(m_instance, path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            return path;
-        }
-        path.resize(path.size() * 2);
-    }
+    return PathOf(m_instance);
 }
 
 Module::~Module() {

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "framework/handle.h"
+#include "framework/library.h"
 
 namespace vmk {
 
@@ -11,24 +11,17 @@ namespace vmk {
 class SystemLibrary {
   public:
     explicit SystemLibrary(const wchar_t* name) noexcept
-        : m_module(LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32)) {}
+        : m_library(LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32)) {}
 
     // Null when the library or the function is not there. The function's type is named by its declaration:
     // Find<decltype(ChooseColorW)>("ChooseColorW").
     template <typename Function>
     Function* Find(const char* name) const noexcept {
-        if (!m_module) return nullptr;
-        return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(m_module.get(), name)));
+        return m_library ? EntryPoint<Function>(m_library.get(), name) : nullptr;
     }
 
   private:
-    struct ModuleTraits {
-        using Value = HMODULE;
-        static constexpr Value None() noexcept { return nullptr; }
-        static void Close(Value value) noexcept { FreeLibrary(value); }
-    };
-
-    UniqueHandle<ModuleTraits> m_module;
+    UniqueLibrary m_library;
 };
 
 }  // namespace vmk

@@ -34,15 +34,7 @@ PdfPrinterDialogPage AsPages(PageBits bits) {
 }
 
 std::wstring PathBesideProgram(const wchar_t* file) {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            break;
-        }
-        path.resize(path.size() * 2);
-    }
+    std::wstring path = PathOf(nullptr);
     path.resize(path.find_last_of(L'\\') + 1);
     return path + file;
 }
@@ -57,30 +49,28 @@ UniqueLibrary LoadComponent() {
 }
 
 template <typename Function>
-Function* EntryPoint(HMODULE library, const char* name) {
-    const FARPROC address = GetProcAddress(library, name);
-    if (!address) throw Failure(std::string("vmkctrl.dll has no ") + name);
-    // By way of void*: the compiler warns of a cast between function types that have nothing in common.
-    return reinterpret_cast<Function*>(reinterpret_cast<void*>(address));
+Function* RequiredEntryPoint(const UniqueLibrary& library, const char* name) {
+    auto* const function = EntryPoint<Function>(library.get(), name);
+    if (!function) throw Failure(std::string("vmkctrl.dll has no ") + name);
+    return function;
 }
 
-UniqueInterface<IPdfPrinterPreferences> CreateFrom(HMODULE library) {
-    auto* getClassObject = EntryPoint<HRESULT WINAPI(REFCLSID, REFIID, void**)>(library, "DllGetClassObject");
-    UniqueInterface<IClassFactory> factory;
-    Check(getClassObject(__uuidof(PdfPrinterPreferences), IID_IClassFactory,
-                         reinterpret_cast<void**>(factory.put())),
+ComPointer<IPdfPrinterPreferences> CreateFrom(const UniqueLibrary& library) {
+    auto* getClassObject =
+        RequiredEntryPoint<HRESULT WINAPI(REFCLSID, REFIID, void**)>(library, "DllGetClassObject");
+    ComPointer<IClassFactory> factory;
+    Check(getClassObject(__uuidof(PdfPrinterPreferences), IID_IClassFactory, factory.PutVoid()),
           "vmkctrl.dll does not offer the preferences component");
-    UniqueInterface<IPdfPrinterPreferences> preferences;
-    Check(factory.get()->CreateInstance(nullptr, __uuidof(IPdfPrinterPreferences),
-                                        reinterpret_cast<void**>(preferences.put())),
+    ComPointer<IPdfPrinterPreferences> preferences;
+    Check(factory->CreateInstance(nullptr, __uuidof(IPdfPrinterPreferences), preferences.PutVoid()),
           "the preferences component cannot be created");
     return preferences;
 }
 
-UniqueInterface<IPdfPrinterPreferences> CreateRegistered() {
-    UniqueInterface<IPdfPrinterPreferences> preferences;
+ComPointer<IPdfPrinterPreferences> CreateRegistered() {
+    ComPointer<IPdfPrinterPreferences> preferences;
     Check(CoCreateInstance(__uuidof(PdfPrinterPreferences), nullptr, CLSCTX_INPROC_SERVER,
-                           __uuidof(IPdfPrinterPreferences), reinterpret_cast<void**>(preferences.put())),
+                           __uuidof(IPdfPrinterPreferences), preferences.PutVoid()),
           "the registered preferences component cannot be created");
     return preferences;
 }
@@ -93,7 +83,7 @@ void RequireKey(const std::wstring& key) {
 void CallEntryPoint(const char* name, const char* what) {
     const Apartment apartment;
     const UniqueLibrary library = LoadComponent();
-    Check(EntryPoint<HRESULT WINAPI()>(library.get(), name)(), what);
+    Check(RequiredEntryPoint<HRESULT WINAPI()>(library, name)(), what);
 }
 
 }  // namespace
@@ -113,36 +103,35 @@ PreferencesClient::PreferencesClient(ComponentSource source) {
         return;
     }
     m_library = LoadComponent();
-    m_preferences = CreateFrom(m_library.get());
+    m_preferences = CreateFrom(m_library);
 }
 
 void PreferencesClient::Load(const std::wstring& key) {
-    Check(m_preferences.get()->InitFromRegistry(AllPages, Bstr(key).get()), "the settings cannot be loaded");
+    Check(m_preferences->InitFromRegistry(AllPages, Bstr(key).get()), "the settings cannot be loaded");
     RequireKey(key);
 }
 
 void PreferencesClient::Store(PageBits groups, const std::wstring& key) {
-    Check(m_preferences.get()->StoreInRegistry(AsPages(groups), Bstr(key).get()),
-          "the settings cannot be stored");
+    Check(m_preferences->StoreInRegistry(AsPages(groups), Bstr(key).get()), "the settings cannot be stored");
     RequireKey(key);
 }
 
 void PreferencesClient::UseDefaults(PageBits groups) {
-    Check(m_preferences.get()->UseDefaultValues(AsPages(groups)), "the settings cannot be reset");
+    Check(m_preferences->UseDefaultValues(AsPages(groups)), "the settings cannot be reset");
 }
 
 void PreferencesClient::EnablePages(PageBits pages) {
-    Check(m_preferences.get()->EnablePage(AsPages(pages)), "the pages cannot be enabled");
+    Check(m_preferences->EnablePage(AsPages(pages)), "the pages cannot be enabled");
 }
 
 void PreferencesClient::SetTitle(const std::wstring& title) {
-    Check(m_preferences.get()->SetTitle(Bstr(title).get()), "the title cannot be set");
+    Check(m_preferences->SetTitle(Bstr(title).get()), "the title cannot be set");
 }
 
 bool PreferencesClient::OpenDialog(LANGID language) {
     LONG exitCode = -1;
     SetLastError(ERROR_SUCCESS);
-    Check(m_preferences.get()->OpenDialog(language, &exitCode), "the preferences dialog cannot be opened");
+    Check(m_preferences->OpenDialog(language, &exitCode), "the preferences dialog cannot be opened");
     if (exitCode == IDOK) return true;
     if (exitCode == IDCANCEL) return false;
     const DWORD error = GetLastError();

@@ -4,7 +4,8 @@
 
 #include <string>
 
-#include "framework/handle.h"
+#include "framework/com_pointer.h"
+#include "framework/library.h"
 #include "host/pages.h"
 #include "vmkctrl.h"
 
@@ -18,22 +19,6 @@ class Apartment {
     Apartment(const Apartment&) = delete;
     Apartment& operator=(const Apartment&) = delete;
 };
-
-struct LibraryTraits {
-    using Value = HMODULE;
-    static constexpr Value None() noexcept { return nullptr; }
-    static void Close(Value value) noexcept { FreeLibrary(value); }
-};
-using UniqueLibrary = UniqueHandle<LibraryTraits>;
-
-template <typename Interface>
-struct InterfaceTraits {
-    using Value = Interface*;
-    static constexpr Value None() noexcept { return nullptr; }
-    static void Close(Value value) noexcept { value->Release(); }
-};
-template <typename Interface>
-using UniqueInterface = UniqueHandle<InterfaceTraits<Interface>>;
 
 // Which component a client talks to.
 enum class ComponentSource { BesideProgram, Registered };
@@ -60,7 +45,7 @@ class PreferencesClient {
     // In this order: the object dies before its code is unloaded, and both before COM ends.
     Apartment m_apartment;
     UniqueLibrary m_library;
-    UniqueInterface<IPdfPrinterPreferences> m_preferences;
+    ComPointer<IPdfPrinterPreferences> m_preferences;
 };
 
 // Calls DllRegisterServer or DllUnregisterServer of the component beside the program.

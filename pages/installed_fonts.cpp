@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "framework/handle.h"
+#include "framework/gdi.h"
 
 namespace vmk {
 namespace {
@@ -23,13 +23,6 @@ struct ScreenContextTraits {
     static void Close(Value value) noexcept { ReleaseDC(nullptr, value); }
 };
 using UniqueScreenContext = UniqueHandle<ScreenContextTraits>;
-
-struct FontTraits {
-    using Value = HFONT;
-    static constexpr Value None() noexcept { return nullptr; }
-    static void Close(Value value) noexcept { DeleteObject(value); }
-};
-using UniqueFont = UniqueHandle<FontTraits>;
 
 // A font in a device context, until the former one comes back.
 class SelectedFont {

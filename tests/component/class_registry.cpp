@@ -1,7 +1,6 @@
 #include "tests/component/class_registry.h"
 
 #include <array>
-#include <utility>
 
 namespace vmk::test {
 namespace {
@@ -64,41 +63,6 @@ RegistryContent ReadRegistration() {
 
 void WipeRegistration() {
     for (const wchar_t* path : kRegistrationKeys) RegDeleteTreeW(HKEY_CLASSES_ROOT, path);
-}
-
-ScratchSettings::ScratchSettings(std::wstring subKey) : m_subKey(std::move(subKey)) {
-    RegDeleteTreeW(HKEY_CURRENT_USER, Path().c_str());
-}
-
-ScratchSettings::~ScratchSettings() {
-    RegDeleteTreeW(HKEY_CURRENT_USER, Path().c_str());
-}
-
-std::wstring ScratchSettings::Path() const {
-    return L"SOFTWARE\\Orrin Systems\\vmkctrl.PdfPrinterPreferences\\" + m_subKey;
-}
-
-bool ScratchSettings::Exists() const {
-    return !ReadTree(HKEY_CURRENT_USER, Path()).empty();
-}
-
-std::optional<DWORD> ScratchSettings::Number(const char* name) const {
-    HKEY key = nullptr;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, Path().c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS)
-        return std::nullopt;
-    DWORD number = 0;
-    DWORD size = sizeof number;
-    const LSTATUS status = RegGetValueA(key, nullptr, name, RRF_RT_REG_DWORD, nullptr, &number, &size);
-    RegCloseKey(key);
-    if (status != ERROR_SUCCESS) return std::nullopt;
-    return number;
-}
-
-void ScratchSettings::SetNumber(const char* name, DWORD value) const {
-    HKEY key = nullptr;
-    RegCreateKeyW(HKEY_CURRENT_USER, Path().c_str(), &key);
-    RegSetValueExA(key, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value), sizeof value);
-    RegCloseKey(key);
 }
 
 }  // namespace vmk::test

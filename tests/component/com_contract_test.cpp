@@ -7,8 +7,8 @@
 #include <array>
 
 #include "tests/component/c_host.h"
-#include "tests/component/class_registry.h"
 #include "tests/support/loaded_module.h"
+#include "tests/support/scratch_key.h"
 
 namespace vmk::test {
 namespace {
@@ -203,10 +203,10 @@ TEST_F(ComContract, OrdinaryFailuresAreSilent) {
 }
 
 TEST_F(ComContract, AHostInCUsesTheGeneratedHeader) {
-    const ScratchSettings scratch(L"c host");
+    const ScratchKey scratch;
     const AutomationString subKey(scratch.SubKey());
     EXPECT_EQ(StorePaperFromC(m_module.Factory().get(), subKey.get()), S_OK);
-    EXPECT_EQ(scratch.Number("Paper.Nup"), 1U);
+    EXPECT_EQ(scratch.Number("Paper.Nup"), 1);
     EXPECT_FALSE(scratch.Number("Compression.Graphics"));
 }
 

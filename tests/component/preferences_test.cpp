@@ -5,10 +5,10 @@
 #include <new>
 #include <stdexcept>
 
-#include "tests/component/class_registry.h"
 #include "tests/component/fake_dialog.h"
 #include "tests/component/layer_module.h"
 #include "tests/support/loaded_module.h"
+#include "tests/support/scratch_key.h"
 
 namespace vmk::test {
 namespace {
@@ -126,12 +126,12 @@ TEST(Preferences, TheDialogEditsTheObjectsOwnRecord) {
 }
 
 TEST(Preferences, GroupsAreStoredAndLoadedUnderTheHostsKey) {
-    const ScratchSettings scratch(L"layer test");
+    const ScratchKey scratch;
     const AutomationString subKey(scratch.SubKey());
     const auto object = MakePreferences();
     RecordOf(*object).Paper.Nup = 6;
     EXPECT_EQ(object->StoreInRegistry(Paper, subKey.get()), S_OK);
-    EXPECT_EQ(scratch.Number("Paper.Nup"), 6U);
+    EXPECT_EQ(scratch.Number("Paper.Nup"), 6);
     EXPECT_FALSE(scratch.Number("Compression.Graphics"));
     RecordOf(*object).Paper.Nup = 1;
     EXPECT_EQ(object->InitFromRegistry(Paper, subKey.get()), S_OK);
@@ -139,7 +139,7 @@ TEST(Preferences, GroupsAreStoredAndLoadedUnderTheHostsKey) {
 }
 
 TEST(Preferences, LoadingFromAKeyThatDoesNotExistCreatesItAndChangesNothing) {
-    const ScratchSettings scratch(L"layer test");
+    const ScratchKey scratch;
     const AutomationString subKey(scratch.SubKey());
     const auto object = MakePreferences();
     RecordOf(*object).Paper.Nup = 6;

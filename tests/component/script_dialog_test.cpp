@@ -6,36 +6,25 @@
 #include "tests/component/class_registry.h"
 #include "tests/component/script_host.h"
 #include "tests/support/loaded_module.h"
+#include "tests/support/scratch_key.h"
 #include "tests/support/wait.h"
+#include "tests/support/window_search.h"
 
 namespace vmk::test {
 namespace {
 
-HWND FindDescendant(HWND parent, UINT id) {
-    struct Search {
-        UINT id;
-        HWND found;
-    } search{.id = id, .found = nullptr};
-    EnumChildWindows(
-        parent,
-        [](HWND child, LPARAM parameter) -> BOOL {
-            auto& wanted = *reinterpret_cast<Search*>(parameter);
-            if (GetDlgCtrlID(child) != static_cast<int>(wanted.id)) return TRUE;
-            wanted.found = child;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
-
 // What a user does at the dialog that the script opens in its own process: one change, then the button.
 DWORD WINAPI UseDialog(void* button) {
     HWND dialog = nullptr;
+    HWND box = nullptr;
     WaitUntil([&] {
         dialog = FindWindowW(L"#32770", L"Edited by a script");
-        return dialog && IsWindowVisible(dialog);
+        // The page is not the one on screen.
+        box = FindDescendant(dialog,
+                             [](HWND control) { return GetDlgCtrlID(control) == IDC_WATERMARKS_PRINT; });
+        return box != nullptr;
     });
-    SendMessageW(FindDescendant(dialog, IDC_WATERMARKS_PRINT), BM_CLICK, 0, 0);
+    SendMessageW(box, BM_CLICK, 0, 0);
     PostMessageW(dialog, WM_COMMAND, reinterpret_cast<WPARAM>(button), 0);
     return 0;
 }
@@ -57,19 +46,19 @@ class ScriptDialog : public testing::Test {
     }
 
     ComApartment m_apartment;
-    ScratchSettings m_scratch{L"script dialog"};
+    ScratchKey m_scratch;
 };
 
 TEST_F(ScriptDialog, OkAnswers1InTheScriptsVariableAndTheScriptStores) {
     m_scratch.SetNumber("Watermarks.Print", 0);
     EXPECT_EQ(RunAndPress(IDOK), "1 Long\ndone\n");
-    EXPECT_EQ(m_scratch.Number("Watermarks.Print"), 1U);
+    EXPECT_EQ(m_scratch.Number("Watermarks.Print"), 1);
 }
 
 TEST_F(ScriptDialog, CancelAnswers2AndNothingIsStored) {
     m_scratch.SetNumber("Watermarks.Print", 0);
     EXPECT_EQ(RunAndPress(IDCANCEL), "2 Long\ndone\n");
-    EXPECT_EQ(m_scratch.Number("Watermarks.Print"), 0U);
+    EXPECT_EQ(m_scratch.Number("Watermarks.Print"), 0);
     EXPECT_EQ(m_scratch.Number("Paper.Nup"), std::nullopt);
 }
 

@@ -4,6 +4,7 @@
 
 #include "tests/component/class_registry.h"
 #include "tests/support/loaded_module.h"
+#include "tests/support/scratch_key.h"
 
 namespace vmk::test {
 namespace {
@@ -21,17 +22,17 @@ class ScriptHost : public testing::TestWithParam<const wchar_t*> {
     }
 
     ComApartment m_apartment;
-    ScratchSettings m_scratch{L"script host"};
+    ScratchKey m_scratch;
 };
 
 TEST_P(ScriptHost, LoadsChoosesPagesAndStores) {
     m_scratch.SetNumber("Paper.Nup", 4);
     m_scratch.SetNumber("Compression.Graphics", 0);
     EXPECT_EQ(Run(L"preferences"), "done\n");
-    EXPECT_EQ(m_scratch.Number("Paper.Nup"), 4U);
+    EXPECT_EQ(m_scratch.Number("Paper.Nup"), 4);
     // The script has reset this group.
-    EXPECT_EQ(m_scratch.Number("Compression.Graphics"), 1U);
-    EXPECT_EQ(m_scratch.Number("Paper.NupOrder"), 0U);
+    EXPECT_EQ(m_scratch.Number("Compression.Graphics"), 1);
+    EXPECT_EQ(m_scratch.Number("Paper.NupOrder"), 0);
 }
 
 TEST_P(ScriptHost, IsToldWhatItDidWrong) {

@@ -6,6 +6,7 @@
 #include "tests/component/class_registry.h"
 #include "tests/support/counters.h"
 #include "tests/support/loaded_module.h"
+#include "tests/support/scratch_key.h"
 
 namespace vmk::test {
 namespace {
@@ -35,7 +36,7 @@ void LoadUseAndFree(const std::wstring& subKeyName) {
 
 TEST(Unloading, AThousandTimesLeavesNothingBehind) {
     const ComApartment apartment;
-    const ScratchSettings scratch(L"unload test");
+    const ScratchKey scratch;
     constexpr int kWarmUp = 20;
     constexpr int kTimes = 1000;
     ResourceCounts before;

@@ -6,13 +6,12 @@
 #include <string>
 
 #include "framework/window_text.h"
+#include "tests/support/file_dialog_controls.h"
 #include "tests/support/wait.h"
+#include "tests/support/window_search.h"
 
 namespace vmk::test {
 namespace {
-
-constexpr int kNameBox = 0x47C;
-constexpr int kTypeList = 0x470;
 
 // The system's open-file dialog, open on a thread of its own.
 class OpenFileDialog {
@@ -20,7 +19,8 @@ class OpenFileDialog {
     explicit OpenFileDialog(OpenFileOptions options) : m_options(std::move(options)) {
         m_thread = CreateThread(nullptr, 0, Main, this, 0, &m_threadId);
         WaitUntil([this] {
-            EnumThreadWindows(m_threadId, FindDialog, reinterpret_cast<LPARAM>(&m_dialog));
+            m_dialog =
+                FindTopWindow(m_threadId, [](HWND hwnd) { return IsDialog(hwnd) && IsWindowVisible(hwnd); });
             return m_dialog != nullptr || IsFinished();
         });
     }
@@ -34,13 +34,10 @@ class OpenFileDialog {
 
     bool IsOpen() const { return m_dialog != nullptr; }
 
-    HWND NameBox() const {
-        HWND combo = FindWindowExW(GetDlgItem(m_dialog, kNameBox), nullptr, L"ComboBox", nullptr);
-        return FindWindowExW(combo, nullptr, L"Edit", nullptr);
-    }
+    HWND NameBox() const { return FileNameBox(m_dialog); }
 
     std::wstring SelectedType() const {
-        HWND list = GetDlgItem(m_dialog, kTypeList);
+        HWND list = GetDlgItem(m_dialog, kFileTypeList);
         std::wstring text(256, L'\0');
         const LRESULT selection = SendMessageW(list, CB_GETCURSEL, 0, 0);
         text.resize(static_cast<size_t>(SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(selection),
@@ -60,14 +57,6 @@ class OpenFileDialog {
         auto& self = *static_cast<OpenFileDialog*>(parameter);
         self.m_result = ChooseFile(nullptr, self.m_options);
         return 0;
-    }
-
-    static BOOL CALLBACK FindDialog(HWND hwnd, LPARAM parameter) {
-        wchar_t name[16] = {};
-        GetClassNameW(hwnd, name, 16);
-        if (std::wstring_view(name) != L"#32770" || !IsWindowVisible(hwnd)) return TRUE;
-        *reinterpret_cast<HWND*>(parameter) = hwnd;
-        return FALSE;
     }
 
     bool IsFinished() const { return WaitForSingleObject(m_thread, 0) == WAIT_OBJECT_0; }

@@ -7,6 +7,7 @@
 
 #include "framework/module.h"
 #include "framework/window_text.h"
+#include "tests/support/keyboard.h"
 #include "tests/support/message_loop.h"
 
 namespace vmk::test {
@@ -16,15 +17,6 @@ const Module kModule;
 
 // Pressed to see that all keys before it have arrived; no control does anything with it.
 constexpr WORD kMarkerKey = VK_F24;
-
-void SendKey(WORD key, DWORD flags) {
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-    input.ki.dwFlags = flags;
-    SendInput(1, &input, sizeof(input));
-}
 
 }  // namespace
 

@@ -6,6 +6,7 @@
 #include "resources/ids/watermarks.h"
 #include "tests/support/live_dialog.h"
 #include "tests/support/wait.h"
+#include "tests/support/window_search.h"
 
 namespace vmk::test {
 namespace {
@@ -13,24 +14,6 @@ namespace {
 using Names = std::vector<std::wstring>;
 
 constexpr PageSet kFirstUnknownBit = 0x20000;
-
-// The control with this number at any depth below a window.
-HWND FindDescendant(HWND window, int id) {
-    struct Search {
-        int id;
-        HWND found;
-    } search{.id = id, .found = nullptr};
-    EnumChildWindows(
-        window,
-        [](HWND child, LPARAM parameter) -> BOOL {
-            auto& wanted = *reinterpret_cast<Search*>(parameter);
-            if (GetDlgCtrlID(child) != wanted.id) return TRUE;
-            wanted.found = child;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
 
 TEST(PageList, ShowsAllPagesInTheFixedOrder) {
     const LiveDialog dialog;
@@ -178,7 +161,7 @@ TEST(MainDialog, ClosedByTheEndOfTheHostsMessageLoopItAnswers2AndStoresNothing) 
         HWND dialog = GetActiveWindow();
         if (!dialog) return;
         KillTimer(nullptr, id);
-        SendMessageW(FindDescendant(dialog, IDC_WATERMARKS_PRINT), BM_CLICK, 0, 0);
+        SendMessageW(FindVisibleControl(dialog, IDC_WATERMARKS_PRINT), BM_CLICK, 0, 0);
         EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog, IDC_MAIN_APPLY)));
         PostQuitMessage(7);
     });

@@ -9,6 +9,7 @@
 
 #include "framework/module.h"
 #include "tests/framework/test_dialogs.h"
+#include "tests/support/window_search.h"
 
 namespace vmk::test {
 namespace {
@@ -38,15 +39,10 @@ std::optional<LRESULT> EndAtOnce(HWND hwnd, UINT msg, WPARAM) {
 
 int DialogsOfThisThread() {
     int count = 0;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND hwnd, LPARAM parameter) -> BOOL {
-            std::array<wchar_t, 16> name{};
-            GetClassNameW(hwnd, name.data(), 16);
-            if (std::wstring_view(name.data()) == L"#32770") ++*reinterpret_cast<int*>(parameter);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&count));
+    FindTopWindow(GetCurrentThreadId(), [&count](HWND hwnd) {
+        count += IsDialog(hwnd) ? 1 : 0;
+        return false;
+    });
     return count;
 }
 

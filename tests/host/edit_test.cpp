@@ -6,7 +6,9 @@
 #include <string>
 
 #include "tests/host/program.h"
-#include "tests/host/scratch_key.h"
+#include "tests/support/scratch_key.h"
+#include "tests/support/wait.h"
+#include "tests/support/window_search.h"
 
 namespace vmk::test {
 namespace {
@@ -16,43 +18,14 @@ constexpr int kCancel = 2;
 constexpr int kApply = 201;
 constexpr int kPageList = 205;
 constexpr int kWatermarks = 309;
-constexpr ULONGLONG kPatience = 30'000;  // milliseconds
-
-struct Search {
-    DWORD processId = 0;
-    int controlId = 0;
-    HWND found = nullptr;
-};
-
-BOOL CALLBACK IsDialogOfProcess(HWND window, LPARAM parameter) {
-    auto* search = reinterpret_cast<Search*>(parameter);
-    DWORD processId = 0;
-    GetWindowThreadProcessId(window, &processId);
-    if (processId != search->processId || !IsWindowVisible(window) || !GetDlgItem(window, kApply))
-        return TRUE;
-    search->found = window;
-    return FALSE;
-}
-
-BOOL CALLBACK IsVisibleControl(HWND window, LPARAM parameter) {
-    auto* search = reinterpret_cast<Search*>(parameter);
-    if (GetDlgCtrlID(window) != search->controlId || !IsWindowVisible(window)) return TRUE;
-    search->found = window;
-    return FALSE;
-}
 
 // vmkprefs edit with its dialog open.
 class EditInProgress {
   public:
     explicit EditInProgress(const ScratchKey& key, const std::wstring& options = {})
-        : m_program(L"edit --key \"" + key.Name() + L"\" " + options) {
-        Search search{.processId = m_program.ProcessId()};
-        for (const ULONGLONG end = GetTickCount64() + kPatience; GetTickCount64() < end; Sleep(10)) {
-            EnumWindows(IsDialogOfProcess, reinterpret_cast<LPARAM>(&search));
-            if (search.found) break;
-        }
-        EXPECT_TRUE(search.found) << "the dialog did not open";
-        m_dialog = search.found;
+        : m_program(L"edit --key \"" + key.SubKey() + L"\" " + options) {
+        WaitUntil([this] { return (m_dialog = FindDialog()) != nullptr; });
+        EXPECT_TRUE(m_dialog) << "the dialog did not open";
     }
 
     std::wstring Title() const {
@@ -71,11 +44,17 @@ class EditInProgress {
     }
 
   private:
+    HWND FindDialog() const {
+        return FindTopWindow([wanted = m_program.ProcessId()](HWND window) {
+            DWORD process = 0;
+            GetWindowThreadProcessId(window, &process);
+            return process == wanted && IsWindowVisible(window) && GetDlgItem(window, kApply);
+        });
+    }
     HWND Control(int id) const {
-        Search search{.controlId = id};
-        EnumChildWindows(m_dialog, IsVisibleControl, reinterpret_cast<LPARAM>(&search));
-        EXPECT_TRUE(search.found) << "no control " << id;
-        return search.found;
+        HWND control = FindVisibleControl(m_dialog, id);
+        EXPECT_TRUE(control) << "no control " << id;
+        return control;
     }
 
     RunningVmkprefs m_program;
@@ -89,9 +68,9 @@ TEST(VmkprefsEdit, OkStoresAndAnswersZero) {
     const ProgramRun run = edit.CloseWith(kOk);
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.output + run.error, "");
-    EXPECT_EQ(key.Number(L"Watermarks.Print"), 1U);
+    EXPECT_EQ(key.Number("Watermarks.Print"), 1);
     // Groups without a page in the list are stored as well.
-    EXPECT_EQ(key.Number(L"Paper.Nup"), 1U);
+    EXPECT_EQ(key.Number("Paper.Nup"), 1);
 }
 
 TEST(VmkprefsEdit, CancelStoresNothingAndAnswersOne) {
@@ -101,17 +80,17 @@ TEST(VmkprefsEdit, CancelStoresNothingAndAnswersOne) {
     const ProgramRun run = edit.CloseWith(kCancel);
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.output + run.error, "");
-    EXPECT_EQ(key.Number(L"Watermarks.Print"), std::nullopt);
+    EXPECT_EQ(key.Number("Watermarks.Print"), std::nullopt);
 }
 
 TEST(VmkprefsEdit, AppliedChangesAreNotStoredAfterCancel) {
     const ScratchKey key;
-    key.SetNumber(L"Watermarks.Print", 0);
+    key.SetNumber("Watermarks.Print", 0);
     EditInProgress edit(key, L"--pages Watermarks");
     edit.Click(kWatermarks);
     edit.Click(kApply);
     EXPECT_EQ(edit.CloseWith(kCancel).status, 1);
-    EXPECT_EQ(key.Number(L"Watermarks.Print"), 0U);
+    EXPECT_EQ(key.Number("Watermarks.Print"), 0);
 }
 
 TEST(VmkprefsEdit, ListsThePagesAskedForUnderTheTitle) {

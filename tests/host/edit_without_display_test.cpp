@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/host/program.h"
-#include "tests/host/scratch_key.h"
+#include "tests/support/scratch_key.h"
 
 namespace vmk::test {
 namespace {
@@ -15,11 +15,11 @@ TEST(VmkprefsEditWithoutADisplay, FailsAndStoresNoSettings) {
         nullptr)
         << "this test has to run without a display (VMK_NO_DISPLAY=1)";
     const ScratchKey key;
-    const ProgramRun run = RunVmkprefs(L"edit --key \"" + key.Name() + L"\"");
+    const ProgramRun run = RunVmkprefs(L"edit --key \"" + key.SubKey() + L"\"");
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.output, "");
     EXPECT_THAT(run.error, testing::StartsWith("vmkprefs: the preferences dialog cannot be opened"));
-    EXPECT_EQ(key.Number(L"Paper.Nup"), std::nullopt);
+    EXPECT_EQ(key.Number("Paper.Nup"), std::nullopt);
 }
 
 }  // namespace

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <filesystem>
 
 #include "framework/handle.h"
+#include "tests/support/loaded_module.h"
 
 namespace vmk::test {
 namespace {
@@ -50,9 +50,7 @@ struct Pipe {
 }  // namespace
 
 std::wstring ArtifactFolder() {
-    std::array<wchar_t, 1024> path{};
-    GetModuleFileNameW(nullptr, path.data(), path.size());
-    return std::filesystem::path(path.data()).parent_path().parent_path().wstring() + L"\\";
+    return std::filesystem::path(TestFolder()).parent_path().wstring() + L"\\";
 }
 
 struct RunningVmkprefs::Process {

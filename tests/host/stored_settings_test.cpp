@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/host/scratch_key.h"
+#include "tests/support/scratch_key.h"
 
 namespace vmk {
 namespace {
@@ -60,25 +60,25 @@ TEST(FormatSettings, IsEmptyForAnEmptyKey) {
 }
 
 std::string DisplayOf(const test::ScratchKey& key) {
-    const auto settings = ReadStoredSettings(key.Name());
+    const auto settings = ReadStoredSettings(key.SubKey());
     if (!settings || settings->size() != 1) return "(not one value)";
     return settings->front().display;
 }
 
 TEST(ReadStoredSettings, TellsAMissingKeyFromAnEmptyOne) {
     const test::ScratchKey key;
-    EXPECT_FALSE(ReadStoredSettings(key.Name()).has_value());
-    EXPECT_FALSE(SettingsKeyIsThere(key.Name()));
+    EXPECT_FALSE(ReadStoredSettings(key.SubKey()).has_value());
+    EXPECT_FALSE(SettingsKeyIsThere(key.SubKey()));
     key.Create();
-    ASSERT_TRUE(ReadStoredSettings(key.Name()).has_value());
-    EXPECT_TRUE(ReadStoredSettings(key.Name())->empty());
-    EXPECT_TRUE(SettingsKeyIsThere(key.Name()));
+    ASSERT_TRUE(ReadStoredSettings(key.SubKey()).has_value());
+    EXPECT_TRUE(ReadStoredSettings(key.SubKey())->empty());
+    EXPECT_TRUE(SettingsKeyIsThere(key.SubKey()));
 }
 
 TEST(ReadStoredSettings, SortsByName) {
     const test::ScratchKey key;
-    for (const wchar_t* name : {L"Paper.Nup", L"Info.Use", L"Links.Analize"}) key.SetNumber(name, 1);
-    const auto settings = ReadStoredSettings(key.Name());
+    for (const char* const name : {"Paper.Nup", "Info.Use", "Links.Analize"}) key.SetNumber(name, 1);
+    const auto settings = ReadStoredSettings(key.SubKey());
     ASSERT_TRUE(settings.has_value());
     ASSERT_EQ(settings->size(), 3U);
     EXPECT_EQ((*settings)[0].name, "Info.Use");
@@ -88,25 +88,25 @@ TEST(ReadStoredSettings, SortsByName) {
 
 TEST(ReadStoredSettings, ShowsNumbersSigned) {
     const test::ScratchKey key;
-    key.SetNumber(L"Security.Digisig.Page", 0xFFFFFFFF);
+    key.SetNumber("Security.Digisig.Page", -1);
     EXPECT_EQ(DisplayOf(key), "-1");
 }
 
 TEST(ReadStoredSettings, ShowsTextsOfTheAnsiCodePageAsUtf8) {
     const test::ScratchKey key;
-    key.SetText(L"Info.Author", L"J\u00E4ger \"J\"");
+    key.SetText("Info.Author", L"J\u00E4ger \"J\"");
     EXPECT_EQ(DisplayOf(key), "\"J\xC3\xA4ger \\\"J\\\"\"");
 }
 
 TEST(ReadStoredSettings, ReadsTextsOfAnyLength) {
     const test::ScratchKey key;
-    key.SetText(L"Email.Content", std::wstring(10'000, L'x'));
+    key.SetText("Email.Content", std::wstring(10'000, L'x'));
     EXPECT_EQ(DisplayOf(key), '"' + std::string(10'000, 'x') + '"');
 }
 
 TEST(ReadStoredSettings, NeverGivesPasswordsAway) {
-    for (const wchar_t* name : {L"Security.UserPwd", L"Security.OwnerPwd", L"Security.Digisig.PFXPassword",
-                                L"Email.SMTP.Password", L"Overlay.Password"}) {
+    for (const char* const name : {"Security.UserPwd", "Security.OwnerPwd", "Security.Digisig.PFXPassword",
+                                   "Email.SMTP.Password", "Overlay.Password"}) {
         const test::ScratchKey key;
         key.SetText(name, L"secret");
         EXPECT_EQ(DisplayOf(key), "********");
@@ -115,7 +115,7 @@ TEST(ReadStoredSettings, NeverGivesPasswordsAway) {
 
 TEST(ReadStoredSettings, ShowsThatAPasswordIsEmpty) {
     const test::ScratchKey key;
-    key.SetText(L"Overlay.Password", L"");
+    key.SetText("Overlay.Password", L"");
     EXPECT_EQ(DisplayOf(key), "\"\"");
 }
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "tests/host/program.h"
-#include "tests/host/scratch_key.h"
+#include "tests/support/scratch_key.h"
 
 namespace vmk::test {
 namespace {
@@ -18,7 +18,7 @@ using testing::StartsWith;
 constexpr const wchar_t* kServerKey = L"CLSID\\{2EE01CFA-139F-431E-BB1D-5E56B4DCEC18}\\InprocServer32";
 
 std::wstring WithKey(const wchar_t* command, const ScratchKey& key) {
-    return std::wstring(command) + L" --key \"" + key.Name() + L"\" ";
+    return std::wstring(command) + L" --key \"" + key.SubKey() + L"\" ";
 }
 
 // Status 2, nothing on standard output and one line on standard error.
@@ -65,9 +65,9 @@ TEST(VmkprefsShow, SaysThatThereIsNoKey) {
 
 TEST(VmkprefsShow, PrintsWhatIsStoredByGroup) {
     const ScratchKey key;
-    key.SetNumber(L"Paper.Nup", 4);
-    key.SetText(L"Info.Title", L"Stra\u00DFe");
-    key.SetText(L"Email.SMTP.Password", L"secret");
+    key.SetNumber("Paper.Nup", 4);
+    key.SetText("Info.Title", L"Stra\u00DFe");
+    key.SetText("Email.SMTP.Password", L"secret");
     const ProgramRun run = RunVmkprefs(WithKey(L"show", key));
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.output,
@@ -79,28 +79,28 @@ TEST(VmkprefsShow, PrintsWhatIsStoredByGroup) {
 
 TEST(VmkprefsReset, StoresTheDefaultsOfTheGroupsAndLeavesTheOthersAlone) {
     const ScratchKey key;
-    key.SetNumber(L"Paper.Nup", 4);
-    key.SetNumber(L"General.PDFSpec", 7);
+    key.SetNumber("Paper.Nup", 4);
+    key.SetNumber("General.PDFSpec", 7);
     const ProgramRun run = RunVmkprefs(WithKey(L"reset", key) + L"paper");
     EXPECT_EQ(run.status, 0) << run.error;
     EXPECT_EQ(run.output, "");
-    EXPECT_EQ(key.Number(L"Paper.Nup"), 1U);
-    EXPECT_EQ(key.Number(L"General.PDFSpec"), 7U);
-    EXPECT_EQ(key.Number(L"General.PageLayout"), std::nullopt);
+    EXPECT_EQ(key.Number("Paper.Nup"), 1);
+    EXPECT_EQ(key.Number("General.PDFSpec"), 7);
+    EXPECT_EQ(key.Number("General.PageLayout"), std::nullopt);
 }
 
 TEST(VmkprefsReset, KeepsWhatTheComponentDoesNotReset) {
     const ScratchKey key;
-    key.SetNumber(L"Optimization.BlendMode", 7);
+    key.SetNumber("Optimization.BlendMode", 7);
     EXPECT_EQ(RunVmkprefs(WithKey(L"reset", key) + L"Optimization").status, 0);
-    EXPECT_EQ(key.Number(L"Optimization.BlendMode"), 7U);
+    EXPECT_EQ(key.Number("Optimization.BlendMode"), 7);
 }
 
 TEST(VmkprefsReset, FillsAKeyThatWasNotThere) {
     const ScratchKey key;
     EXPECT_EQ(RunVmkprefs(WithKey(L"reset", key) + L"Watermarks").status, 0);
-    EXPECT_EQ(key.Number(L"Watermarks.Print"), 0U);
-    EXPECT_EQ(key.Number(L"Paper.Nup"), std::nullopt);
+    EXPECT_EQ(key.Number("Watermarks.Print"), 0);
+    EXPECT_EQ(key.Number("Paper.Nup"), std::nullopt);
 }
 
 TEST(VmkprefsReset, SaysWhenTheKeyCannotBeMade) {
@@ -114,7 +114,7 @@ TEST(VmkprefsRegistration, RegistersTheLibraryBesideItAndTakesItBack) {
     EXPECT_EQ(RunVmkprefs(L"register").status, 0);
     EXPECT_EQ(_wcsicmp(RegisteredServer().c_str(), (ArtifactFolder() + L"vmkctrl.dll").c_str()), 0);
     EXPECT_EQ(RunVmkprefs(WithKey(L"--registered reset", key) + L"Watermarks").status, 0);
-    EXPECT_EQ(key.Number(L"Watermarks.Print"), 0U);
+    EXPECT_EQ(key.Number("Watermarks.Print"), 0);
 
     EXPECT_EQ(RunVmkprefs(L"unregister").status, 0);
     EXPECT_EQ(RegisteredServer(), L"");

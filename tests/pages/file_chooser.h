@@ -5,6 +5,7 @@
 #include <string>
 
 #include "framework/window_text.h"
+#include "tests/support/file_dialog_controls.h"
 #include "tests/support/live_dialog.h"
 
 namespace vmk::test {
@@ -55,16 +56,10 @@ class FileChooser {
     void EnterName(const std::wstring& name) const {
         SendMessageW(NameBox(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
     }
-    std::vector<std::wstring> Types() const { return m_window.Items(kTypeList); }
+    std::vector<std::wstring> Types() const { return m_window.Items(kFileTypeList); }
 
   private:
-    static constexpr UINT kNameBox = 0x47C;
-    static constexpr UINT kTypeList = 0x470;
-
-    HWND NameBox() const {
-        HWND combo = FindWindowExW(m_window.Control(kNameBox), nullptr, L"ComboBox", nullptr);
-        return FindWindowExW(combo, nullptr, L"Edit", nullptr);
-    }
+    HWND NameBox() const { return FileNameBox(m_window.Handle()); }
 
     LiveWindow m_window;
 };

@@ -13,6 +13,7 @@
 #include "controls/truncate.h"
 #include "framework/window_text.h"
 #include "resources/ids/main.h"
+#include "tests/pages/file_chooser.h"
 #include "tests/support/language_folder.h"
 #include "tests/support/live_dialog.h"
 #include "tests/support/loaded_module.h"
@@ -704,48 +705,8 @@ TEST(SavePage, TheMenuIsTranslatedAndItsMacrosAreNot) {
 
 // The system's dialogs
 
-std::wstring CurrentFolder() {
-    wchar_t folder[MAX_PATH] = {};
-    GetCurrentDirectoryW(MAX_PATH, folder);
-    return folder;
-}
-
-std::wstring TemporaryFolder() {
-    wchar_t folder[MAX_PATH] = {};
-    GetTempPathW(MAX_PATH, folder);
-    wchar_t longName[MAX_PATH] = {};
-    GetLongPathNameW(folder, longName, MAX_PATH);
-    return longName;
-}
-
-// A file that exists as long as the object.
-class TemporaryFile {
-  public:
-    TemporaryFile()
-        : m_path(TemporaryFolder() + L"save page " + std::to_wstring(GetCurrentProcessId()) + L".exe") {
-        CloseHandle(CreateFileW(m_path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-    }
-    ~TemporaryFile() { DeleteFileW(m_path.c_str()); }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    const std::wstring& Path() const { return m_path; }
-
-  private:
-    std::wstring m_path;
-};
-
-// Types into the name box of the system's open-file dialog.
-void EnterFileName(const LiveWindow& fileDialog, const std::wstring& name) {
-    constexpr UINT kNameBox = 0x47C;
-    HWND combo = FindWindowExW(fileDialog.Control(kNameBox), nullptr, L"ComboBox", nullptr);
-    HWND edit = FindWindowExW(combo, nullptr, L"Edit", nullptr);
-    ASSERT_TRUE(edit);
-    SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
-}
-
 TEST(SavePage, BrowsingForTheApplicationShowsTheChosenPath) {
-    const TemporaryFile file;
+    const ExistingFile file(L".exe");
     const std::wstring before = CurrentFolder();
     const RecordPage open(Running(0));
     open.page.PostClick(IDC_SAVE_APP_BROWSE);
@@ -753,7 +714,7 @@ TEST(SavePage, BrowsingForTheApplicationShowsTheChosenPath) {
     ASSERT_TRUE(browser);
     EXPECT_EQ(GetWindow(browser.Handle(), GW_OWNER), open.dialog.Main().Handle());
     EXPECT_TRUE(GetWindowLongW(browser.Handle(), GWL_STYLE) & WS_SIZEBOX);
-    EnterFileName(browser, file.Path());
+    FileChooser(browser).EnterName(file.Path());
     browser.PostClick(IDOK);
     ASSERT_TRUE(open.dialog.WaitUntilClosed(browser));
     EXPECT_TRUE(WaitUntil([&] { return open.page.Text(IDC_SAVE_APP) == file.Path(); }));
@@ -769,7 +730,7 @@ TEST(SavePage, BrowsingForTheApplicationCanBeCancelled) {
     open.page.PostClick(IDC_SAVE_APP_BROWSE);
     const LiveWindow browser = open.dialog.WaitForModal();
     ASSERT_TRUE(browser);
-    EnterFileName(browser, L"whatever.exe");
+    FileChooser(browser).EnterName(L"whatever.exe");
     browser.PostClick(IDCANCEL);
     ASSERT_TRUE(open.dialog.WaitUntilClosed(browser));
     ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(open.dialog.Main().Handle()) != FALSE; }));

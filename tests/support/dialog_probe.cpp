@@ -23,8 +23,13 @@
 #include <vector>
 
 #include "framework/handle.h"
+#include "tests/support/window_search.h"
 
 namespace {
+
+using vmk::test::ClassOf;
+using vmk::test::FindTopWindow;
+using vmk::test::FindVisibleControl;
 
 constexpr int kApplyId = 201;
 constexpr int kFrameId = 204;
@@ -64,12 +69,6 @@ class RemoteMemory {
     void* m_address = nullptr;
 };
 
-std::wstring ClassOf(HWND window) {
-    wchar_t name[64] = {};
-    GetClassNameW(window, name, 64);
-    return name;
-}
-
 HWND ListOf(HWND dialog) {
     for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         HWND list = GetDlgItem(child, kListId);
@@ -78,16 +77,10 @@ HWND ListOf(HWND dialog) {
     return nullptr;
 }
 
-BOOL CALLBACK IsPreferencesDialog(HWND window, LPARAM found) {
-    if (!IsWindowVisible(window) || !GetDlgItem(window, kApplyId) || !ListOf(window)) return TRUE;
-    *reinterpret_cast<HWND*>(found) = window;
-    return FALSE;
-}
-
 HWND FindDialog() {
-    HWND found = nullptr;
-    EnumWindows(IsPreferencesDialog, reinterpret_cast<LPARAM>(&found));
-    return found;
+    return FindTopWindow([](HWND window) {
+        return IsWindowVisible(window) && GetDlgItem(window, kApplyId) && ListOf(window);
+    });
 }
 
 // Asks again and again until the answer is true or patience ends.
@@ -177,19 +170,6 @@ bool WaitForPage(int index) {
     });
 }
 
-// The control ids of different pages may be equal: only what is visible counts.
-struct ControlSearch {
-    int id = 0;
-    HWND found = nullptr;
-};
-
-BOOL CALLBACK IsVisibleControl(HWND window, LPARAM parameter) {
-    auto* search = reinterpret_cast<ControlSearch*>(parameter);
-    if (GetDlgCtrlID(window) != search->id || !IsWindowVisible(window)) return TRUE;
-    search->found = window;
-    return FALSE;
-}
-
 std::string StateOf(HWND control) {
     std::string state = " -";
     if (ClassOf(control) == WC_BUTTONW) {
@@ -199,17 +179,11 @@ std::string StateOf(HWND control) {
 }
 
 bool PrintControl(int id) {
-    ControlSearch search{.id = id};
-    const bool found = Wait([&] {
-        if (HWND dialog = FindDialog()) {
-            EnumChildWindows(dialog, IsVisibleControl, reinterpret_cast<LPARAM>(&search));
-        }
-        return search.found != nullptr;
-    });
-    if (!found) return false;
+    HWND control = nullptr;
+    if (!Wait([&] { return (control = FindVisibleControl(FindDialog(), id)) != nullptr; })) return false;
     RECT rectangle{};
-    GetWindowRect(search.found, &rectangle);
-    PrintRectangle(rectangle, StateOf(search.found).c_str());
+    GetWindowRect(control, &rectangle);
+    PrintRectangle(rectangle, StateOf(control).c_str());
     return true;
 }
 

@@ -11,7 +11,9 @@
 
 #include "framework/window_text.h"
 #include "resources/ids/main.h"
+#include "tests/support/keyboard.h"
 #include "tests/support/wait.h"
+#include "tests/support/window_search.h"
 
 namespace vmk::test {
 namespace {
@@ -38,29 +40,11 @@ HWND CreateCaller() {
                            nullptr);
 }
 
-bool IsDialog(HWND hwnd) {
-    wchar_t name[16];
-    GetClassNameW(hwnd, name, 16);
-    return std::wstring_view(name) == L"#32770";
-}
-
 // The topmost visible, enabled dialog of a thread.
 HWND ModalDialog(DWORD thread, HWND except) {
-    struct Search {
-        HWND except;
-        HWND found;
-    } search{.except = except, .found = nullptr};
-    EnumThreadWindows(
-        thread,
-        [](HWND hwnd, LPARAM parameter) -> BOOL {
-            auto& wanted = *reinterpret_cast<Search*>(parameter);
-            if (hwnd == wanted.except || !IsDialog(hwnd) || !IsWindowVisible(hwnd) || !IsWindowEnabled(hwnd))
-                return TRUE;
-            wanted.found = hwnd;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    return FindTopWindow(thread, [except](HWND hwnd) {
+        return hwnd != except && IsDialog(hwnd) && IsWindowVisible(hwnd) && IsWindowEnabled(hwnd);
+    });
 }
 
 POINT CentreOf(HWND hwnd) {
@@ -82,15 +66,6 @@ void ClickScreen(POINT point) {
     inputs[0].mi.dwFlags |= MOUSEEVENTF_LEFTDOWN;
     inputs[1].mi.dwFlags |= MOUSEEVENTF_LEFTUP;
     SendInput(2, inputs, sizeof(INPUT));
-}
-
-void SendKey(WORD virtualKey, DWORD flags) {
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = virtualKey;
-    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(virtualKey, MAPVK_VK_TO_VSC));
-    input.ki.dwFlags = flags;
-    SendInput(1, &input, sizeof(input));
 }
 
 }  // namespace

@@ -9,8 +9,7 @@
 namespace vmk::test {
 
 std::wstring TestFolder() {
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    const std::wstring path = PathOf(nullptr);
     return path.substr(0, path.find_last_of(L'\\'));
 }
 
@@ -21,18 +20,18 @@ std::wstring BuiltModulePath() {
 
 LoadedModule::LoadedModule(const std::wstring& path) : m_module(LoadLibraryW(path.c_str())) {
     if (!m_module) throw std::runtime_error("the DLL cannot be loaded");
-    m_canUnloadNow = EntryPoint<HRESULT STDAPICALLTYPE()>("DllCanUnloadNow");
-    m_getClassObject = EntryPoint<HRESULT STDAPICALLTYPE(REFCLSID, REFIID, void**)>("DllGetClassObject");
-    m_registerServer = EntryPoint<HRESULT STDAPICALLTYPE()>("DllRegisterServer");
-    m_unregisterServer = EntryPoint<HRESULT STDAPICALLTYPE()>("DllUnregisterServer");
+    m_canUnloadNow = RequiredEntryPoint<HRESULT STDAPICALLTYPE()>("DllCanUnloadNow");
+    m_getClassObject =
+        RequiredEntryPoint<HRESULT STDAPICALLTYPE(REFCLSID, REFIID, void**)>("DllGetClassObject");
+    m_registerServer = RequiredEntryPoint<HRESULT STDAPICALLTYPE()>("DllRegisterServer");
+    m_unregisterServer = RequiredEntryPoint<HRESULT STDAPICALLTYPE()>("DllUnregisterServer");
 }
 
 template <typename Function>
-Function* LoadedModule::EntryPoint(const char* name) const {
-    // By way of void*, since the compiler distrusts a cast between function types.
-    void* const address = reinterpret_cast<void*>(GetProcAddress(m_module.get(), name));
-    if (!address) throw std::runtime_error(std::string("the DLL has no ") + name);
-    return reinterpret_cast<Function*>(address);
+Function* LoadedModule::RequiredEntryPoint(const char* name) const {
+    auto* const function = EntryPoint<Function>(m_module.get(), name);
+    if (!function) throw std::runtime_error(std::string("the DLL has no ") + name);
+    return function;
 }
 
 ComPointer<IClassFactory> LoadedModule::Factory() const {

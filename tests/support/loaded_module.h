@@ -5,7 +5,7 @@
 #include <string>
 
 #include "framework/com_pointer.h"
-#include "framework/handle.h"
+#include "framework/library.h"
 #include "vmkctrl.h"
 
 namespace vmk::test {
@@ -39,16 +39,10 @@ class LoadedModule {
     ComPointer<IPdfPrinterPreferences> CreatePreferences() const;
 
   private:
-    struct ModuleTraits {
-        using Value = HMODULE;
-        static constexpr Value None() noexcept { return nullptr; }
-        static void Close(Value value) noexcept { FreeLibrary(value); }
-    };
-
     template <typename Function>
-    Function* EntryPoint(const char* name) const;
+    Function* RequiredEntryPoint(const char* name) const;
 
-    UniqueHandle<ModuleTraits> m_module;
+    UniqueLibrary m_module;
     HRESULT(STDAPICALLTYPE* m_canUnloadNow)();
     HRESULT(STDAPICALLTYPE* m_getClassObject)(REFCLSID, REFIID, void**);
     HRESULT(STDAPICALLTYPE* m_registerServer)();

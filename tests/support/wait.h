@@ -4,10 +4,11 @@
 
 namespace vmk::test {
 
-// Waits until the condition holds; false when it still does not after ten seconds.
+// Waits until the condition holds; false when it still does not after half a minute, which a program takes to
+// start on a busy machine.
 template <typename Condition>
 bool WaitUntil(Condition&& condition) {
-    constexpr ULONGLONG kPatience = 10'000;
+    constexpr ULONGLONG kPatience = 30'000;
     for (const ULONGLONG start = GetTickCount64(); GetTickCount64() - start < kPatience; Sleep(2)) {
         if (condition()) return true;
     }
