@@ -133,9 +133,10 @@ double MeasureSelect(std::size_t count) {
     for (unsigned seed = 0; seed < kMostTexts / count; ++seed)
         files.push_back(LanguageFileOf(MakeTexts(count, seed)));
     return NanosecondsPerItem(kMostTexts, [&] {
-        for (const std::vector<std::byte>& bytes : files)
-            if (LanguageTable(ReadLanguageFile(bytes).value()).size() != count)
-                throw std::runtime_error("texts are missing");
+        for (const std::vector<std::byte>& bytes : files) {
+            const LanguageTable table(ReadLanguageFile(bytes).value());
+            if (table.size() != count) throw std::runtime_error("texts are missing");
+        }
     });
 }
 
@@ -146,6 +147,7 @@ Times Measure(const Catalogues& catalogues, std::size_t count) {
 
     std::shuffle(texts.begin(), texts.end(), std::mt19937(1));
     std::vector<std::wstring> wideTexts;
+    wideTexts.reserve(texts.size());
     for (const std::string& text : texts) wideTexts.emplace_back(text.begin(), text.end());
 
     std::size_t found = 0;

@@ -3,10 +3,10 @@
 #include <cstddef>
 
 #ifdef __GLIBCXX__
-namespace __gnu_cxx {  // NOLINT(bugprone-reserved-identifier,readability-identifier-naming)
+namespace __gnu_cxx {  // NOLINT(readability-identifier-naming)
 
 // The runtime's own, made for memory checkers; no header declares it.
-extern void __freeres();  // NOLINT(bugprone-reserved-identifier,readability-identifier-naming)
+extern void __freeres();  // NOLINT(readability-identifier-naming)
 
 }  // namespace __gnu_cxx
 #endif

@@ -41,6 +41,10 @@ std::optional<LRESULT> BoundControl::ProcessWindowMessage(HWND hwnd, UINT msg, W
     return DefaultReflection(hwnd, msg, wParam, lParam);
 }
 
+void BoundControl::TakeFocusBack() const noexcept {
+    if (IsWindowVisible(Handle())) SetFocus(Handle());
+}
+
 // Forwards the ring of the page's own tab stops is kept. Backwards the dialog manager's order holds, which
 // leads out of the page to the page list.
 void BoundControl::MoveFocus(bool backwards) const noexcept {

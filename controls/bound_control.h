@@ -40,6 +40,9 @@ class BoundControl : public Window, public CDialogEnv {
     // A notification of the control that its page has reflected back; true when it is consumed.
     virtual bool OnReflectedCommand(UINT /*code*/) { return false; }
 
+    // Keeps the focus that it is about to lose, unless it is out of sight by now.
+    void TakeFocusBack() const noexcept;
+
     // Whether Escape means something to the control now. Otherwise it cancels the dialog.
     virtual bool UsesEscape() const { return false; }
 

@@ -73,7 +73,7 @@ std::optional<LRESULT> CMyEditDouble::ProcessWindowMessage(HWND hwnd, UINT msg, 
         const bool accepted = Accepts(number);
         ShowAnew(accepted ? number : m_stored);
         if (!accepted) {
-            SetFocus(hwnd);
+            TakeFocusBack();
             return 0;
         }
     }

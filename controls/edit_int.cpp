@@ -51,7 +51,7 @@ std::optional<LRESULT> CMyEditInt::ProcessWindowMessage(HWND hwnd, UINT msg, WPA
         const std::int32_t number = ReadNumber();
         if (!Accepts(number)) {
             ShowStored();
-            SetFocus(hwnd);
+            TakeFocusBack();
             return 0;
         }
         m_working = number;

@@ -77,6 +77,8 @@ std::optional<LRESULT> CDlgMain::ProcessWindowMessage(HWND hwnd, UINT msg, WPARA
             return 0;
         case IDC_MAIN_APPLY:
             m_navigator.ApplyPages();
+            // A disabled control that keeps the focus would keep all keys from the dialog.
+            if (GetFocus() == m_applyButton) SendMessageW(hwnd, WM_NEXTDLGCTL, 0, FALSE);
             DisableApply();
             return 0;
         default:

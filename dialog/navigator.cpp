@@ -93,9 +93,12 @@ void CDlgSettings::SelectFirstPage() const {
 }
 
 void CDlgSettings::ShowPage(int item) const {
+    const bool hadFocus = IsChild(Item(IDC_NAVIGATOR_FRAME), GetFocus()) != FALSE;
     for (const PageEntry& entry : m_pages) {
         if (entry.window) ShowWindow(entry.window, entry.item == item ? SW_SHOW : SW_HIDE);
     }
+    // A box whose number is refused keeps the focus from the list, but must not keep it out of sight.
+    if (hadFocus) SetFocus(List());
 }
 
 void CDlgSettings::DestroyPages() {

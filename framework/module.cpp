@@ -3,8 +3,7 @@
 #include "framework/library.h"
 
 // The linker puts this at the start of the image, so its address is the module handle.
-extern "C" IMAGE_DOS_HEADER
-    __ImageBase;  // NOLINT(bugprone-reserved-identifier,readability-identifier-naming)
+extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(readability-identifier-naming)
 
 namespace vmk {
 

@@ -45,10 +45,11 @@ std::optional<std::wstring> TextOf(std::span<const std::byte> file) {
 std::vector<std::wstring> LinesOf(const std::wstring& text) {
     std::vector<std::wstring> lines(1);
     for (const wchar_t unit : text) {
-        if (unit == L'\r' || unit == L'\n')
+        if (unit == L'\r' || unit == L'\n') {
             lines.emplace_back();
-        else
+        } else {
             lines.back() += unit;
+        }
     }
     return lines;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "resources/ids/graphics.h"
 #include "resources/ids/main.h"
 #include "resources/ids/watermarks.h"
 #include "tests/support/live_dialog.h"
@@ -139,6 +140,40 @@ TEST(MainDialog, EnterAnswers1) {
     LiveDialog dialog;
     dialog.PressKey(VK_RETURN);
     EXPECT_EQ(dialog.WaitForResult(), 1);
+}
+
+TEST(MainDialog, TheKeyboardStaysAliveWhenApplyHasTheFocusAndIsDisabled) {
+    LiveDialog dialog({.pages = page_bit::kWatermarks});
+    dialog.VisiblePage().Click(IDC_WATERMARKS_PRINT);
+    dialog.Main().Focus(IDC_MAIN_APPLY);
+    ASSERT_TRUE(dialog.FocusReaches(dialog.Main().Control(IDC_MAIN_APPLY)));
+    dialog.PressKey(VK_SPACE);
+    EXPECT_TRUE(WaitUntil([&] { return !dialog.IsApplyEnabled(); }));
+    EXPECT_TRUE(dialog.FocusReaches(dialog.Navigator().Control(IDC_NAVIGATOR_LIST)));
+    dialog.PressKey(VK_ESCAPE);
+    EXPECT_EQ(dialog.WaitForResult(), 2);
+    EXPECT_EQ(dialog.Record().Watermarks.Print, 1);
+}
+
+TEST(MainDialog, AnotherPageCanBeClickedWhileANumberIsRefused) {
+    // Typed, or stored: this one is refused again and again.
+    for (const std::int32_t number : {96, 9999}) {
+        PrinterSettings stored;
+        stored.Downsample.Color = {.Use = 1, .DPI = number};
+        const ScratchSettings settings;
+        settings.Store(stored);
+        const LiveDialog dialog(
+            {.pages = page_bit::kGraphics | page_bit::kWatermarks, .settings = &settings});
+        const LiveWindow graphics = dialog.VisiblePage();
+        graphics.Focus(IDC_GRAPHICS_COLOR_DPI);
+        graphics.EnterText(IDC_GRAPHICS_COLOR_DPI, L"9999");
+        dialog.ClickItem(1);
+        EXPECT_TRUE(WaitUntil([&] { return dialog.SelectedItem() == 1; }));
+        EXPECT_TRUE(dialog.FocusReaches(dialog.Navigator().Control(IDC_NAVIGATOR_LIST)));
+        EXPECT_EQ(graphics.Text(IDC_GRAPHICS_COLOR_DPI), std::to_wstring(number));
+        dialog.PressKey(VK_UP);
+        EXPECT_TRUE(WaitUntil([&] { return dialog.SelectedItem() == 0; }));
+    }
 }
 
 TEST(MainDialog, DestroyedByTheHostItAnswers2AndStoresNothing) {

@@ -336,6 +336,17 @@ TEST_F(GraphicsPage, CancelKeepsWhatWasAppliedAndNoMore) {
     EXPECT_EQ(dialog->Record().Convert.Color.To, 0);
 }
 
+TEST_F(GraphicsPage, OkClosesEvenWhileANumberIsRefused) {
+    stored.Downsample.Color.Use = 1;
+    Open();
+    page.Focus(IDC_GRAPHICS_COLOR_DPI);
+    dialog->TypeText(L"9999");
+    EXPECT_TRUE(WaitUntil([&] { return page.Text(IDC_GRAPHICS_COLOR_DPI).find(L"9999") == 0; }));
+    dialog->Main().MouseClick(IDOK);
+    EXPECT_EQ(dialog->WaitForResult(), 1);
+    EXPECT_EQ(dialog->Record().Downsample, stored.Downsample);
+}
+
 TEST_F(GraphicsPage, TranslatedItemsKeepTheirValues) {
     const LanguageFolder german(Translations{{L"Monochrome", L"Schwarzwei\x00DF"},
                                              {L"Linear Downsampling", L"Interpoliert"},

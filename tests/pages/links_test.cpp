@@ -162,7 +162,8 @@ TEST_F(LinksPage, CancelStoresNothingEvenIfAWidthIsStillBeingTyped) {
 }
 
 TEST_F(LinksPage, EscapeCancelsFromEveryControlAndStoresNothing) {
-    for (const UINT id : {IDC_LINKS_ANALIZE, IDC_LINKS_TYPE, IDC_LINKS_WIDTH, IDC_LINKS_COLOR}) {
+    for (const UINT id :
+         std::initializer_list<UINT>{IDC_LINKS_ANALIZE, IDC_LINKS_TYPE, IDC_LINKS_WIDTH, IDC_LINKS_COLOR}) {
         Open();
         page.EnterText(IDC_LINKS_WIDTH, L"4");
         page.Focus(id);

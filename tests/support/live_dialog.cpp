@@ -300,6 +300,14 @@ void LiveDialog::Deselect() const {
     SendMessageW(List(), LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&state));
 }
 
+void LiveDialog::ClickItem(int item) const {
+    RECT name{};
+    ListView_GetItemRect(List(), item, &name, LVIR_LABEL);
+    POINT centre = {.x = (name.left + name.right) / 2, .y = (name.top + name.bottom) / 2};
+    ClientToScreen(List(), &centre);
+    ClickScreen(centre);
+}
+
 LiveWindow LiveDialog::Page(const std::wstring& name) const {
     const std::vector<std::wstring> names = PageNames();
     const auto found = std::ranges::find(names, name);

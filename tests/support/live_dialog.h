@@ -101,6 +101,8 @@ class LiveDialog {
     std::vector<int> PageIcons() const;
     int SelectedItem() const;
     void Deselect() const;
+    // Clicks a page's name with the mouse.
+    void ClickItem(int item) const;
 
     // Selects a page in the list, by the text shown there, and returns it. Empty when there is no such page.
     LiveWindow Page(const std::wstring& name) const;
