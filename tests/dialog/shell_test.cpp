@@ -176,6 +176,19 @@ TEST(MainDialog, AnotherPageCanBeClickedWhileANumberIsRefused) {
     }
 }
 
+TEST(MainDialog, TwoThreadsCanHaveTheirDialogsOpenAtOnce) {
+    LiveDialog first({.pages = page_bit::kWatermarks | page_bit::kLinks});
+    LiveDialog second({.pages = page_bit::kWatermarks | page_bit::kPaper});
+    first.Page(L"Watermarks").Click(IDC_WATERMARKS_PRINT);
+    EXPECT_TRUE(first.IsApplyEnabled());
+    EXPECT_FALSE(second.IsApplyEnabled());
+    EXPECT_EQ(second.PageNames(), (Names{L"Paper", L"Watermarks"}));
+    EXPECT_EQ(second.Cancel(), 2);
+    EXPECT_EQ(first.Ok(), 1);
+    EXPECT_EQ(first.Record().Watermarks.Print, 1);
+    EXPECT_EQ(second.Record().Watermarks.Print, 0);
+}
+
 TEST(MainDialog, DestroyedByTheHostItAnswers2AndStoresNothing) {
     LiveDialog dialog({.pages = page_bit::kWatermarks});
     dialog.VisiblePage().Click(IDC_WATERMARKS_PRINT);
