@@ -1,10 +1,30 @@
 #include "controls/bound_control.h"
 
+#include <commctrl.h>
 #include <olectl.h>
+
+#include <array>
 
 #include "framework/reflection.h"
 
 namespace vmk {
+namespace {
+
+bool IsBoxOfOneLine(HWND window) noexcept {
+    std::array<wchar_t, 6> className{};
+    GetClassNameW(window, className.data(), static_cast<int>(className.size()));
+    return CompareStringOrdinal(className.data(), -1, WC_EDITW, -1, TRUE) == CSTR_EQUAL &&
+           (GetWindowLongPtrW(window, GWL_STYLE) & ES_MULTILINE) == 0;
+}
+
+// Selects what a box holds, so that typing replaces it. The dialog manager does the same, but leaves boxes
+// alone that ask for all keys.
+void FocusOn(HWND next) noexcept {
+    SetFocus(next);
+    if (GetFocus() == next && IsBoxOfOneLine(next)) SendMessageW(next, EM_SETSEL, 0, -1);
+}
+
+}  // namespace
 
 void Dependents::Set(const Dialog& page, bool on) const {
     for (const UINT id : ids) EnableWindow(page.Item(id), on == enabledWhenOn);
@@ -50,7 +70,7 @@ void BoundControl::TakeFocusBack() const noexcept {
 void BoundControl::MoveFocus(bool backwards) const noexcept {
     HWND root = GetAncestor(Handle(), GA_ROOT);
     if (backwards) {
-        SetFocus(GetNextDlgTabItem(root, Handle(), TRUE));
+        FocusOn(GetNextDlgTabItem(root, Handle(), TRUE));
         return;
     }
     HWND next = m_nextFocus;
@@ -58,7 +78,7 @@ void BoundControl::MoveFocus(bool backwards) const noexcept {
     if (!next || next == Handle()) next = applyButton;
     // A disabled Apply cannot take the focus; it must not be a dead end either.
     if (next == applyButton && !IsApplyEnabled()) next = GetNextDlgTabItem(root, Handle(), FALSE);
-    SetFocus(next);
+    FocusOn(next);
 }
 
 }  // namespace vmk

@@ -85,6 +85,30 @@ TEST_F(FocusOfABoundControl, PassesADisabledApplyOver) {
     EXPECT_EQ(GetAncestor(GetFocus(), GA_ROOT), main.Handle());
 }
 
+TEST_F(FocusOfABoundControl, SelectsWhatTheNextBoxHoldsSoThatTypingReplacesIt) {
+    Open();
+    HWND next = CreateWindowExW(0, L"EDIT", L"other", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 50, 20,
+                                page.Handle(), nullptr, nullptr, nullptr);
+    edit->SetNextFocus(next);
+    for (const WORD key : kForwardKeys) {
+        SendMessageW(next, EM_SETSEL, 1, 1);
+        PressInControl(key);
+        EXPECT_EQ(GetFocus(), next);
+        EXPECT_EQ(SendMessageW(next, EM_GETSEL, 0, 0), MAKELONG(0, 5)) << key;
+    }
+}
+
+TEST_F(FocusOfABoundControl, LeavesTheCaretOfABoxOfSeveralLinesAlone) {
+    Open();
+    HWND next = CreateWindowExW(0, L"EDIT", L"other", WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_MULTILINE, 0, 0,
+                                50, 20, page.Handle(), nullptr, nullptr, nullptr);
+    SendMessageW(next, EM_SETSEL, 2, 2);
+    edit->SetNextFocus(next);
+    PressInControl(VK_TAB);
+    EXPECT_EQ(GetFocus(), next);
+    EXPECT_EQ(SendMessageW(next, EM_GETSEL, 0, 0), MAKELONG(2, 2));
+}
+
 TEST_F(FocusOfABoundControl, GoesBackInTheOrderOfTheDialogManager) {
     Open();
     PressInControl(VK_TAB, {VK_SHIFT});
