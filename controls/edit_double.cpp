@@ -26,7 +26,8 @@ void CMyEditDouble::Bind(BoundDialog& page, UINT id, double& field, const Option
 void CMyEditDouble::ShowNumber(double number) {
     std::array<wchar_t, 400> text{};  // the largest double has 309 digits before the point
     std::swprintf(text.data(), text.size(), m_options.format, number);
-    SetWindowTextW(Handle(), text.data());
+    // What is there already is not written again: Apply would flicker.
+    if (WindowText(Handle()) != text.data()) SetWindowTextW(Handle(), text.data());
 }
 
 double CMyEditDouble::ReadNumber() const {

@@ -101,6 +101,53 @@ TEST(AllPages, OneChangeOnEachPageReachesRegistryRecordAndScreenAgain) {
     EXPECT_EQ(again.Record(), Changed());
 }
 
+// Everything in use, so that as many controls as possible are enabled.
+PrinterSettings InFullUse() {
+    PrinterSettings settings = Initial();
+    for (auto* const images :
+         {&settings.Downsample.Color, &settings.Downsample.Indexed, &settings.Downsample.Mono})
+        images->Use = 1;
+    settings.Convert.Color.To = settings.Convert.Indexed.To = settings.Convert.Drawing.To = 2;
+    settings.Paper.Nup = 2;
+    settings.Overlay.Enable = 1;
+    settings.Security.Use = 1;
+    settings.Security.UserPwd = settings.Security.OwnerPwd = L"secret";
+    settings.Security.Digisig.Enable = 1;
+    settings.Security.Digisig.Flags = 0x10;
+    settings.Links.Files.Analize = 1;
+    settings.Links.Border.Type = 1;
+    settings.Bookmarks.Print = 1;
+    settings.Save.UseSameFolder = 0;
+    settings.Save.WhenExists = 2;
+    settings.Save.App.Run = {.Use = 1, .WithoutPath = 0, .Path = L"C:\\a.exe"};
+    settings.Email.Type = 3;
+    return settings;
+}
+
+TEST(AllPages, WalkingThroughEveryControlByKeyboardIsNoChange) {
+    const ScratchSettings before;
+    before.Store(InFullUse());
+    LiveDialog dialog({.settings = &before});
+    for (const std::wstring& name : dialog.PageNames()) {
+        const LiveWindow page = dialog.Page(name);
+        HWND first = GetNextDlgTabItem(page.Handle(), nullptr, FALSE);
+        if (!first) continue;
+        for (const std::vector<WORD>& held : {std::vector<WORD>{}, {VK_SHIFT}}) {
+            page.Focus(static_cast<UINT>(GetDlgCtrlID(first)));
+            ASSERT_TRUE(dialog.FocusReaches(first)) << GetDlgCtrlID(first);
+            for (int step = 0; step < 40; ++step) {
+                HWND last = dialog.Focused();
+                dialog.PressKeys(held, VK_TAB);
+                ASSERT_TRUE(WaitUntil([&] { return dialog.Focused() && dialog.Focused() != last; }));
+            }
+        }
+        dialog.Call([](IPdfPrinterPreferences&) {});  // gets through once the last key has been handled
+        EXPECT_FALSE(dialog.IsApplyEnabled()) << testing::PrintToString(name);
+    }
+    EXPECT_EQ(dialog.Ok(), 1);
+    EXPECT_EQ(dialog.Record(), InFullUse());
+}
+
 TEST(AllPages, AfterCancelOnlyTheEmailPageHasStoredItsChange) {
     const ScratchSettings before;
     before.Store(Initial());
