@@ -21,6 +21,7 @@ void CMyEditDouble::Bind(BoundDialog& page, UINT id, double& field, const Option
     m_stored = field;
     m_working = field;
     m_options = options;
+    ShowNumber(field);
 }
 
 void CMyEditDouble::ShowNumber(double number) {

@@ -16,10 +16,9 @@ class CMyEditDouble final : public BoundControl, public SteppedEdit {
         const wchar_t* format = L"%1.3f";  // printf conversion of one double
     };
 
-    // Attaches to the page's control and takes the field's value; Show puts it on screen.
+    // Attaches to the page's control, takes the field's value and shows it.
     void Bind(BoundDialog& page, UINT id, double& field, const Options& options);
 
-    void Show() { ShowNumber(m_working); }
     // Writes a number into the box; it becomes the working value when the box next loses the focus or is
     // stepped.
     void ShowNumber(double number);

@@ -10,6 +10,7 @@ void CMyEditInt::Bind(BoundDialog& page, UINT id, std::int32_t& field, const Opt
     m_stored = field;
     m_working = field;
     m_options = options;
+    ShowNumber(field);
 }
 
 void CMyEditInt::ShowNumber(std::int32_t number) {

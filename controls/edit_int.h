@@ -16,10 +16,9 @@ class CMyEditInt final : public BoundControl, public SteppedEdit {
         std::int32_t step = 1;
     };
 
-    // Attaches to the page's control and takes the field's value; Show puts it on screen.
+    // Attaches to the page's control, takes the field's value and shows it.
     void Bind(BoundDialog& page, UINT id, std::int32_t& field, const Options& options);
 
-    void Show() { ShowNumber(m_working); }
     // Writes a number into the box; it becomes the working value when the box next loses the focus or is
     // stepped.
     void ShowNumber(std::int32_t number);

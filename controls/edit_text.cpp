@@ -5,6 +5,7 @@ namespace vmk {
 void CMyEditText::Bind(BoundDialog& page, UINT id, std::wstring& field) {
     Attach(page, id);
     m_field = &field;
+    Show();
 }
 
 void CMyEditText::Store() {

@@ -10,7 +10,7 @@ namespace vmk {
 // An edit box that shows a text of any length. The text on screen is its working value.
 class CMyEditText final : public BoundControl {
   public:
-    // Attaches to the page's control; Show puts the field's text on screen.
+    // Attaches to the page's control and shows the field's text.
     void Bind(BoundDialog& page, UINT id, std::wstring& field);
 
     void Show() { SetText(*m_field); }

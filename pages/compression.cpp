@@ -66,7 +66,6 @@ void CDlgCompression::LoadPage() {
 
     m_ascii.Show();
     m_text.Show();
-    m_quality.Show();
     ShowGraphics(group);
 }
 

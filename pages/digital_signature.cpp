@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "controls/file_dialog.h"
+#include "controls/path_box.h"
 #include "resources/ids/digital_signature.h"
 
 namespace vmk {
@@ -139,13 +139,9 @@ void CDlgDigSign::LoadCertificate() {
     auto& group = settings->Security.Digisig;
     m_enable.Bind(*this, IDC_SIGNATURE_ENABLE, group.Enable, {.ids = kSignatureControls});
     m_file.Bind(*this, IDC_SIGNATURE_FILE, group.PFXFile);
-    m_file.Show();
     m_password.Bind(*this, IDC_SIGNATURE_PASSWORD, group.PFXPassword);
-    m_password.Show();
     m_location.Bind(*this, IDC_SIGNATURE_LOCATION, group.Location);
-    m_location.Show();
     m_contact.Bind(*this, IDC_SIGNATURE_CONTACT, group.ContactInfo);
-    m_contact.Show();
 }
 
 void CDlgDigSign::LoadReasons() {
@@ -157,7 +153,6 @@ void CDlgDigSign::LoadReasons() {
 
 void CDlgDigSign::LoadPosition() {
     m_page.Bind(*this, IDC_SIGNATURE_PAGE, settings->Security.Digisig.Page, kPage);
-    m_page.Show();
     m_unit = static_cast<std::int32_t>(LengthUnit::kMillimetres);
     m_units.Bind(*this, IDC_SIGNATURE_UNITS, m_unit, kUnits);
     m_units.Show();
@@ -166,7 +161,6 @@ void CDlgDigSign::LoadPosition() {
         Length& length = m_lengths[index];
         length.number = *stored[index] / kStoredPerMillimetre;
         length.edit.Bind(*this, kLengthEdits[index], length.number, kLength);
-        length.edit.Show();
     }
 }
 
@@ -179,7 +173,6 @@ void CDlgDigSign::LoadAppearance() {
         text.box.Show();
     }
     m_image.Bind(*this, IDC_SIGNATURE_IMAGE, group.Image);
-    m_image.Show();
     m_graphicKind = group.Flags & kGraphicMask;
     m_graphic.Bind(*this, IDC_SIGNATURE_GRAPHIC, m_graphicKind, kGraphics, kGraphicRules);
     m_graphic.Show();
@@ -231,10 +224,12 @@ bool CDlgDigSign::OnCommand(Command command) {
             OnUnitSelected();
             return true;
         case IDC_SIGNATURE_FILE_BROWSE:
-            Browse(m_file, L"Personal Information Exchange (*.pfx; *.p12)", L"*.pfx;*.p12");
+            if (command.code != BN_CLICKED) return false;
+            BrowseForFile(m_file, L"Personal Information Exchange (*.pfx; *.p12)", L"*.pfx;*.p12");
             return true;
         case IDC_SIGNATURE_IMAGE_BROWSE:
-            Browse(m_image, L"All Files (*.*)", L"*.*");
+            if (command.code != BN_CLICKED) return false;
+            BrowseForFile(m_image, L"All Files (*.*)", L"*.*");
             return true;
         default:
             return false;
@@ -257,16 +252,6 @@ void CDlgDigSign::OnUnitSelected() {
         length.edit.Rebase(FromPoints(points, UnitOf(selected)));
     }
     m_unit = selected;
-}
-
-void CDlgDigSign::Browse(CMyEditText& edit, const wchar_t* filter, const wchar_t* patterns) {
-    const auto chosen =
-        ChooseFile(GetActiveWindow(), {.filters = {{.text = Translate(filter), .patterns = patterns}},
-                                       .defaultExtension = patterns,
-                                       .initialPath = edit.Text()});
-    if (!chosen) return;
-    edit.SetText(*chosen);
-    EnableApply();
 }
 
 }  // namespace vmk

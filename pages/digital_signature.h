@@ -44,7 +44,6 @@ class CDlgDigSign final : public CPage {
 
     void OnEnableClicked();
     void OnUnitSelected();
-    void Browse(CMyEditText& edit, const wchar_t* filter, const wchar_t* patterns);
 
     CMyCheckbox m_enable;
     CMyEditText m_file;

@@ -19,22 +19,17 @@ CDlgDocInfo::CDlgDocInfo() : CPage(IDD_DOCUMENT_INFO) {}
 void CDlgDocInfo::LoadPage() {
     PrinterSettings::InfoGroup& info = settings->Info;
     m_use.Bind(*this, IDC_DOCINFO_USE, info.Use, {.ids = kUsedOnly});
-    ShowText(m_title, IDC_DOCINFO_TITLE, info.Title);
-    ShowText(m_subject, IDC_DOCINFO_SUBJECT, info.Subject);
-    ShowText(m_author, IDC_DOCINFO_AUTHOR, info.Author);
-    ShowText(m_keywords, IDC_DOCINFO_KEYWORDS, info.Keywords);
-    ShowText(m_creator, IDC_DOCINFO_CREATOR, info.Creator);
+    m_title.Bind(*this, IDC_DOCINFO_TITLE, info.Title);
+    m_subject.Bind(*this, IDC_DOCINFO_SUBJECT, info.Subject);
+    m_author.Bind(*this, IDC_DOCINFO_AUTHOR, info.Author);
+    m_keywords.Bind(*this, IDC_DOCINFO_KEYWORDS, info.Keywords);
+    m_creator.Bind(*this, IDC_DOCINFO_CREATOR, info.Creator);
     m_use.Show();
 }
 
 void CDlgDocInfo::StorePage() {
     m_use.Store();
     for (CMyEditText* const text : {&m_title, &m_subject, &m_author, &m_keywords, &m_creator}) text->Store();
-}
-
-void CDlgDocInfo::ShowText(CMyEditText& edit, UINT id, std::wstring& field) {
-    edit.Bind(*this, id, field);
-    edit.Show();
 }
 
 }  // namespace vmk

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "controls/checkbox.h"
 #include "controls/edit_text.h"
 #include "pages/page.h"
@@ -16,8 +14,6 @@ class CDlgDocInfo final : public CPage {
   private:
     void LoadPage() override;
     void StorePage() override;
-
-    void ShowText(CMyEditText& edit, UINT id, std::wstring& field);
 
     CMyCheckbox m_use;
     CMyEditText m_title;

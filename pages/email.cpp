@@ -47,15 +47,10 @@ void CDlgEMail::LoadPage() {
     m_zip.Show();
     m_method.Bind(*this, IDC_EMAIL_METHOD, email.Type, kMethods, kMethodRules);
     m_from.Bind(*this, IDC_EMAIL_FROM, email.From);
-    m_from.Show();
     m_to.Bind(*this, IDC_EMAIL_TO, email.To);
-    m_to.Show();
     m_cc.Bind(*this, IDC_EMAIL_CC, email.CC);
-    m_cc.Show();
     m_subject.Bind(*this, IDC_EMAIL_SUBJECT, email.Subject);
-    m_subject.Show();
     m_server.Bind(*this, IDC_EMAIL_SERVER, email.SMTP.Address);
-    m_server.Show();
     m_method.Show();
 }
 

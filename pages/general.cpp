@@ -1,7 +1,5 @@
 #include "pages/general.h"
 
-#include <algorithm>
-
 #include "resources/ids/general.h"
 
 namespace vmk {
@@ -9,16 +7,11 @@ namespace {
 
 using Settings = decltype(PrinterSettings::General);
 
-struct VersionButton {
-    UINT id;
-    std::int32_t version;
-};
-
-constexpr VersionButton kVersions[] = {
-    {.id = IDC_GENERAL_VERSION_13, .version = 3},
-    {.id = IDC_GENERAL_VERSION_14, .version = 4},
-    {.id = IDC_GENERAL_VERSION_15, .version = 5},
-    {.id = IDC_GENERAL_VERSION_16, .version = 6},
+constexpr RadioItem kVersions[] = {
+    {.id = IDC_GENERAL_VERSION_13, .value = 3},
+    {.id = IDC_GENERAL_VERSION_14, .value = 4},
+    {.id = IDC_GENERAL_VERSION_15, .value = 5},
+    {.id = IDC_GENERAL_VERSION_16, .value = 6},
 };
 
 constexpr ComboItem kPageLayouts[] = {
@@ -55,7 +48,7 @@ CDlgGeneral::CDlgGeneral() : CPage(IDD_GENERAL) {}
 
 void CDlgGeneral::LoadPage() {
     Settings& group = settings->General;
-    m_version = group.PDFSpec;
+    m_version.Bind(*this, group.PDFSpec, kVersions);
     ShowVersion();
     m_pageLayout.Bind(*this, IDC_GENERAL_PAGE_LAYOUT, group.PageLayout, kPageLayouts);
     m_pageLayout.Show();
@@ -70,18 +63,14 @@ void CDlgGeneral::LoadPage() {
 }
 
 void CDlgGeneral::StorePage() {
-    settings->General.PDFSpec = m_version;
+    m_version.Store();
     m_pageLayout.Store();
     m_pageMode.Store();
     for (CMyCheckbox& preference : m_viewerPreferences) preference.Store();
 }
 
 bool CDlgGeneral::OnCommand(Command command) {
-    const auto* const button = std::ranges::find(kVersions, command.id, &VersionButton::id);
-    if (button == std::end(kVersions) || command.code != BN_CLICKED) return false;
-    m_version = button->version;
-    EnableApply();
-    return true;
+    return command.code == BN_CLICKED && m_version.OnClicked(command.id);
 }
 
 void CDlgGeneral::ShowVersion() const {
@@ -89,8 +78,10 @@ void CDlgGeneral::ShowVersion() const {
     SendMessageW(Item(IDC_GENERAL_VERSION_13), BM_SETDONTCLICK, TRUE, 0);
     // Unchecking the others as well makes the checked one the group's tab stop. With none to check, the first
     // button stays the tab stop.
-    if (std::ranges::find(kVersions, m_version, &VersionButton::version) == std::end(kVersions)) return;
-    for (const VersionButton& button : kVersions) CheckItem(button.id, button.version == m_version);
+    constexpr UINT kNone = 0;
+    const UINT checked = m_version.Button(kNone);
+    if (checked == kNone) return;
+    for (const RadioItem& button : kVersions) CheckItem(button.id, button.id == checked);
 }
 
 }  // namespace vmk

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 
 #include "controls/checkbox.h"
 #include "controls/combobox.h"
+#include "controls/radio_group.h"
 #include "pages/page.h"
 
 namespace vmk {
@@ -21,7 +21,7 @@ class CDlgGeneral final : public CPage {
 
     void ShowVersion() const;
 
-    std::int32_t m_version = 0;  // the version to store; kept as it is while no button stands for it
+    RadioGroup m_version;
     CMyCombobox m_pageLayout;
     CMyCombobox m_pageMode;
     std::array<CMyCheckbox, 6> m_viewerPreferences;

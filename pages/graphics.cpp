@@ -114,7 +114,6 @@ void CDlgGraphics::LoadPage() {
     BindDownsampling();
     BindConversion();
     for (Downsampling& row : m_downsampling) {
-        row.dpi.Show();
         row.method.Show();
         row.use.Show();
     }
@@ -122,7 +121,6 @@ void CDlgGraphics::LoadPage() {
         row.dither.Show();
         row.to.Show();
     }
-    m_threshold.Show();
     m_drawingTo.Show();
     m_threshold.SetNextFocus(Item(IDC_GRAPHICS_COLOR_USE));
 }

@@ -68,7 +68,6 @@ void CDlgLinks::LoadPage() {
     m_style.Bind(*this, IDC_LINKS_STYLE, group.Border.Style, kStyles);
     m_widthInPoints = group.Border.Width / kTenths;
     m_width.Bind(*this, IDC_LINKS_WIDTH, m_widthInPoints, kWidth);
-    m_width.Show();
     ShowDetection(group);
 }
 

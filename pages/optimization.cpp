@@ -43,7 +43,6 @@ void CDlgOptimization::LoadPage() {
                           {.ids = kMemoryControls});
     m_swap.Bind(*this, IDC_OPTIMIZATION_SWAP, optimization.SwapToDisk.Enabled, {.ids = kThresholdControls});
     m_threshold.Bind(*this, IDC_OPTIMIZATION_SWAP_THRESHOLD, optimization.SwapToDisk.Megabytes, kThreshold);
-    m_threshold.Show();
     m_blendMode.Show();
     m_deTessellation.Show();
     ShowMemoryManagement();

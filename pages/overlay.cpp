@@ -1,9 +1,6 @@
 #include "pages/overlay.h"
 
-#include <algorithm>
-#include <iterator>
-
-#include "controls/file_dialog.h"
+#include "controls/path_box.h"
 #include "resources/ids/overlay.h"
 
 namespace vmk {
@@ -36,24 +33,21 @@ constexpr UINT kOverlayControls[] = {
 
 constexpr UINT kFitControls[] = {IDC_OVERLAY_KEEP_ASPECT};
 
-// The buttons of a group, at the position that is their value.
-constexpr UINT kRepeatButtons[] = {IDC_OVERLAY_REPEAT_NONE, IDC_OVERLAY_REPEAT_LAST, IDC_OVERLAY_REPEAT_ALL};
-constexpr UINT kHorizontalButtons[] = {IDC_OVERLAY_LEFT, IDC_OVERLAY_CENTER, IDC_OVERLAY_RIGHT};
-constexpr UINT kVerticalButtons[] = {IDC_OVERLAY_TOP, IDC_OVERLAY_MIDDLE, IDC_OVERLAY_BOTTOM};
-
-// The button that shows a value; `other` for a value without a button.
-UINT ButtonFor(std::span<const UINT> buttons, std::int32_t value, UINT other) {
-    return value >= 0 && static_cast<size_t>(value) < buttons.size() ? buttons[static_cast<size_t>(value)]
-                                                                     : other;
-}
-
-// Takes over a button's value if the button belongs to the group.
-bool TakeValue(std::span<const UINT> buttons, UINT clicked, std::int32_t& value) {
-    const auto found = std::ranges::find(buttons, clicked);
-    if (found == buttons.end()) return false;
-    value = static_cast<std::int32_t>(std::distance(buttons.begin(), found));
-    return true;
-}
+constexpr RadioItem kRepeat[] = {
+    {.id = IDC_OVERLAY_REPEAT_NONE, .value = 0},
+    {.id = IDC_OVERLAY_REPEAT_LAST, .value = 1},
+    {.id = IDC_OVERLAY_REPEAT_ALL, .value = 2},
+};
+constexpr RadioItem kHorizontal[] = {
+    {.id = IDC_OVERLAY_LEFT, .value = 0},
+    {.id = IDC_OVERLAY_CENTER, .value = 1},
+    {.id = IDC_OVERLAY_RIGHT, .value = 2},
+};
+constexpr RadioItem kVertical[] = {
+    {.id = IDC_OVERLAY_TOP, .value = 0},
+    {.id = IDC_OVERLAY_MIDDLE, .value = 1},
+    {.id = IDC_OVERLAY_BOTTOM, .value = 2},
+};
 
 }  // namespace
 
@@ -66,9 +60,10 @@ void CDlgOverlay::LoadPage() {
     m_foreground.Bind(*this, IDC_OVERLAY_FOREGROUND, settings->Overlay.Foreground);
     m_fit.Bind(*this, IDC_OVERLAY_FIT, settings->Overlay.Fit, {.ids = kFitControls});
     m_keepAspect.Bind(*this, IDC_OVERLAY_KEEP_ASPECT, settings->Overlay.KeepAspect);
+    m_repeat.Bind(*this, settings->Overlay.Repeat, kRepeat);
+    m_horizontal.Bind(*this, settings->Overlay.HAlign, kHorizontal);
+    m_vertical.Bind(*this, settings->Overlay.VAlign, kVertical);
 
-    m_file.Show();
-    m_password.Show();
     ShowFlags();
     ShowChoices();
 }
@@ -83,18 +78,16 @@ void CDlgOverlay::ShowFlags() {
 }
 
 void CDlgOverlay::ShowChoices() {
-    // A real click: its handler sets the working copy and enables Apply.
-    ClickItem(ButtonFor(kRepeatButtons, settings->Overlay.Repeat, IDC_OVERLAY_REPEAT_ALL));
-    m_horizontal = settings->Overlay.HAlign;
-    CheckItem(ButtonFor(kHorizontalButtons, m_horizontal, IDC_OVERLAY_CENTER), true);
-    m_vertical = settings->Overlay.VAlign;
-    CheckItem(ButtonFor(kVerticalButtons, m_vertical, IDC_OVERLAY_MIDDLE), true);
+    // A real click: it sets the working value, also for a value without a button, and enables Apply.
+    ClickItem(m_repeat.Button(IDC_OVERLAY_REPEAT_ALL));
+    CheckItem(m_horizontal.Button(IDC_OVERLAY_CENTER), true);
+    CheckItem(m_vertical.Button(IDC_OVERLAY_MIDDLE), true);
 }
 
 void CDlgOverlay::StorePage() {
-    settings->Overlay.Repeat = m_repeat;
-    settings->Overlay.HAlign = m_horizontal;
-    settings->Overlay.VAlign = m_vertical;
+    m_repeat.Store();
+    m_horizontal.Store();
+    m_vertical.Store();
     m_enable.Store();
     m_fit.Store();
     m_keepAspect.Store();
@@ -110,32 +103,16 @@ bool CDlgOverlay::OnCommand(Command command) {
         return true;
     }
     if (command.id == IDC_OVERLAY_BROWSE) {
-        BrowseFile();
+        BrowseForFile(m_file, L"Adobe PDF Files (*.pdf)", L"*.pdf");
         return true;
     }
-    if (TakeValue(kRepeatButtons, command.id, m_repeat) ||
-        TakeValue(kHorizontalButtons, command.id, m_horizontal) ||
-        TakeValue(kVerticalButtons, command.id, m_vertical)) {
-        EnableApply();
-        return true;
-    }
-    return false;
+    return m_repeat.OnClicked(command.id) || m_horizontal.OnClicked(command.id) ||
+           m_vertical.OnClicked(command.id);
 }
 
 void CDlgOverlay::OnEnableClicked() {
     m_enable.ReapplyDependents();
     if (m_enable.IsChecked()) m_fit.ReapplyDependents();
-    EnableApply();
-}
-
-void CDlgOverlay::BrowseFile() {
-    const auto chosen =
-        ChooseFile(GetActiveWindow(),
-                   {.filters = {{.text = Translate(L"Adobe PDF Files (*.pdf)"), .patterns = L"*.pdf"}},
-                    .defaultExtension = L"*.pdf",
-                    .initialPath = m_file.Text()});
-    if (!chosen) return;
-    m_file.SetText(*chosen);
     EnableApply();
 }
 

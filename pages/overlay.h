@@ -2,6 +2,7 @@
 
 #include "controls/checkbox.h"
 #include "controls/edit_text.h"
+#include "controls/radio_group.h"
 #include "pages/page.h"
 
 namespace vmk {
@@ -19,7 +20,6 @@ class CDlgOverlay final : public CPage {
     void ShowFlags();
     void ShowChoices();
     void OnEnableClicked();
-    void BrowseFile();
 
     CMyCheckbox m_enable;
     CMyEditText m_file;
@@ -27,11 +27,9 @@ class CDlgOverlay final : public CPage {
     CMyCheckbox m_foreground;
     CMyCheckbox m_fit;
     CMyCheckbox m_keepAspect;
-    // Working copies of the settings that plain radio buttons show. A value without a button of its own stays
-    // until one is clicked.
-    std::int32_t m_repeat = 0;
-    std::int32_t m_horizontal = 0;
-    std::int32_t m_vertical = 0;
+    RadioGroup m_repeat;
+    RadioGroup m_horizontal;
+    RadioGroup m_vertical;
 };
 
 }  // namespace vmk

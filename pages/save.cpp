@@ -4,6 +4,7 @@
 
 #include "controls/file_dialog.h"
 #include "controls/folder_dialog.h"
+#include "controls/path_box.h"
 #include "controls/truncate.h"
 #include "framework/window_text.h"
 #include "resources/ids/save.h"
@@ -97,24 +98,18 @@ void CDlgSave::BindTarget() {
     m_sameFolder.Bind(*this, IDC_SAVE_SAME_FOLDER, save.UseSameFolder,
                       {.ids = kOtherFolder, .enabledWhenOn = false});
     m_folder.Bind(*this, IDC_SAVE_FOLDER, save.Folder);
-    m_folder.Show();
     m_fileName.Bind(*this, IDC_SAVE_FILE_NAME, save.FileName);
-    m_fileName.Show();
     m_whenExists.Bind(*this, IDC_SAVE_EXISTS, save.WhenExists, kWhenExists, kWhenExistsRules);
     m_startNumber = save.AutoNumber.Start;
     m_start.Bind(*this, IDC_SAVE_START, m_startNumber, kStartOptions);
-    m_start.Show();
     m_digitsNumber = save.AutoNumber.Digits;
     m_digits.Bind(*this, IDC_SAVE_DIGITS, m_digitsNumber, kDigitsOptions);
-    m_digits.Show();
 }
 
 void CDlgSave::BindApplication() {
     RunApplication& run = settings->Save.App.Run;
     m_application.Bind(*this, IDC_SAVE_APP, run.Path);
-    m_application.Show();
     m_parameters.Bind(*this, IDC_SAVE_PARAMETERS, settings->Save.App.Params);
-    m_parameters.Show();
     m_run.Bind(*this, IDC_SAVE_RUN, run.Use, {.ids = kRun});
     m_defaultApplication.Bind(*this, IDC_SAVE_DEFAULT_APP, run.WithoutPath,
                               {.value = 1,
@@ -170,7 +165,7 @@ bool CDlgSave::OnCommand(Command command) {
             m_whenExists.ReapplyRules();
             return false;
         case IDC_SAVE_FOLDER_BROWSE:
-            BrowseForFolder();
+            TakeChosenPath(m_folder, ChooseFolder(GetActiveWindow()));
             return true;
         case IDC_SAVE_MACRO:
             AppendMacro();
@@ -179,7 +174,7 @@ bool CDlgSave::OnCommand(Command command) {
             OnRunClicked();
             return true;
         case IDC_SAVE_APP_BROWSE:
-            BrowseForApplication();
+            TakeChosenPath(m_application, ChooseFile(GetActiveWindow()));
             return true;
         default:
             return false;
@@ -198,20 +193,6 @@ void CDlgSave::OnRunClicked() {
 
 void CDlgSave::ClickChosenApplication() const {
     ClickItem(m_defaultApplication.IsChecked() ? IDC_SAVE_DEFAULT_APP : IDC_SAVE_GIVEN_APP);
-}
-
-void CDlgSave::BrowseForFolder() {
-    const std::optional<std::wstring> folder = ChooseFolder(GetActiveWindow());
-    if (!folder) return;
-    m_folder.SetText(*folder);
-    EnableApply();
-}
-
-void CDlgSave::BrowseForApplication() {
-    const std::optional<std::wstring> application = ChooseFile(GetActiveWindow());
-    if (!application) return;
-    m_application.SetText(*application);
-    EnableApply();
 }
 
 // The text is read and written back, and Apply enabled, also when no macro was chosen.

@@ -31,8 +31,6 @@ class CDlgSave final : public CPage {
     void ShowApplication();
     void OnRunClicked();
     void ClickChosenApplication() const;
-    void BrowseForFolder();
-    void BrowseForApplication();
     void AppendMacro();
     UINT AskForMacro() const;
 

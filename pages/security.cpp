@@ -45,9 +45,7 @@ void CDlgSecurity::BindControls() {
                             {.ids = kOwnerPassword});
     m_useOwnerPassword.ShowCheckOnly();
     m_userPassword.Bind(*this, IDC_SECURITY_USER_PASSWORD, settings->Security.UserPwd);
-    m_userPassword.Show();
     m_ownerPassword.Bind(*this, IDC_SECURITY_OWNER_PASSWORD, settings->Security.OwnerPwd);
-    m_ownerPassword.Show();
     m_level.Bind(*this, IDC_SECURITY_LEVEL, settings->Security.Level, kLevels);
     m_level.Show();
 }

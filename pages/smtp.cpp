@@ -1,5 +1,7 @@
 #include "pages/smtp.h"
 
+#include "controls/truncate.h"
+
 namespace vmk {
 namespace {
 
@@ -22,17 +24,13 @@ void CDlgSMTP::OnInitDialog() {
 void CDlgSMTP::Load() {
     auto& email = settings->Email;
     m_address.Bind(*this, IDC_SMTP_ADDRESS, email.SMTP.Address);
-    m_address.Show();
     m_portNumber = email.SMTP.Port;
     m_port.Bind(*this, IDC_SMTP_PORT, m_portNumber, kPort);
-    m_port.Show();
     m_authentication.Bind(*this, IDC_SMTP_AUTHENTICATION, email.SMTP.RequiresAuthentication,
                           {.ids = kLogonControls});
     m_authentication.Show();
     m_userName.Bind(*this, IDC_SMTP_USER_NAME, email.SMTP.UserName);
-    m_userName.Show();
     m_password.Bind(*this, IDC_SMTP_PASSWORD, email.SMTP.Password);
-    m_password.Show();
     m_secure.Bind(*this, IDC_SMTP_SECURE, email.STMP.UseSSL);
     m_secure.Show();
     m_secure.SetNextFocus(m_address.Handle());
@@ -45,7 +43,7 @@ void CDlgSMTP::Store() {
     m_userName.Store();
     m_password.Store();
     m_port.Store();
-    settings->Email.SMTP.Port = static_cast<std::int32_t>(m_portNumber);
+    settings->Email.SMTP.Port = TruncateToInt32(m_portNumber);
 }
 
 bool CDlgSMTP::OnCommand(Command command) {

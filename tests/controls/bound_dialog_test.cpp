@@ -72,7 +72,6 @@ TEST_F(PageOfBoundControls, TurnsAProposedChangeOfASpinIntoOneStep) {
     CMyEditInt edit;
     Open(IDD_TEST_EDIT_INT, [&](TestPage& bound) {
         edit.Bind(bound, IDC_TEST_SUBJECT, number, {.minimum = 1, .maximum = 100});
-        edit.Show();
     });
     page.spins.push_back({.id = IDC_TEST_SPIN, .edit = edit});
     const auto propose = [&](int change, UINT_PTR id, UINT code) {

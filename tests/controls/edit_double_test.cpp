@@ -14,7 +14,6 @@ class BoundEditDouble : public ControlTest {
         edit.emplace();
         ControlTest::Open(IDD_TEST_EDIT_DOUBLE, [&, options](TestPage& bound) {
             edit->Bind(bound, IDC_TEST_SUBJECT, field, options);
-            edit->Show();
         });
         page.spins.push_back({.id = IDC_TEST_SPIN, .edit = *edit});
     }

@@ -19,7 +19,6 @@ class BoundEditInt : public ControlTest {
         edit.emplace();
         ControlTest::Open(IDD_TEST_EDIT_INT, [&, options](TestPage& bound) {
             edit->Bind(bound, IDC_TEST_SUBJECT, field, options);
-            edit->Show();
         });
         page.spins.push_back({.id = IDC_TEST_SPIN, .edit = *edit});
     }

@@ -16,9 +16,7 @@ class BoundEditText : public ControlTest {
         passwordEdit.emplace();
         ControlTest::Open(IDD_TEST_EDIT_TEXT, [&](TestPage& bound) {
             edit->Bind(bound, IDC_TEST_SUBJECT, field);
-            edit->Show();
             passwordEdit->Bind(bound, IDC_TEST_LAST_STOP, password);
-            passwordEdit->Show();
         });
     }
 

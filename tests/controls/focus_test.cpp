@@ -18,10 +18,8 @@ class FocusOfABoundControl : public ControlTest {
   protected:
     void Open() {
         edit.emplace();
-        ControlTest::Open(IDD_TEST_FOCUS, [&](TestPage& bound) {
-            edit->Bind(bound, IDC_TEST_SUBJECT, m_field);
-            edit->Show();
-        });
+        ControlTest::Open(IDD_TEST_FOCUS,
+                          [&](TestPage& bound) { edit->Bind(bound, IDC_TEST_SUBJECT, m_field); });
     }
     void PressInControl(WORD key, std::initializer_list<WORD> held = {}) {
         Focus();

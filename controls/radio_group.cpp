@@ -1,0 +1,27 @@
+#include "controls/radio_group.h"
+
+#include <algorithm>
+
+namespace vmk {
+
+void RadioGroup::Bind(const BoundDialog& page, std::int32_t& field, std::span<const RadioItem> items) {
+    m_page = &page;
+    m_field = &field;
+    m_items = items;
+    m_working = field;
+}
+
+UINT RadioGroup::Button(UINT other) const {
+    const auto item = std::ranges::find(m_items, m_working, &RadioItem::value);
+    return item == m_items.end() ? other : item->id;
+}
+
+bool RadioGroup::OnClicked(UINT id) {
+    const auto item = std::ranges::find(m_items, id, &RadioItem::id);
+    if (item == m_items.end()) return false;
+    m_working = item->value;
+    m_page->EnableApply();
+    return true;
+}
+
+}  // namespace vmk

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "controls/bound_dialog.h"
+
+namespace vmk {
+
+// What a radio button stands for.
+struct RadioItem {
+    UINT id;
+    std::int32_t value;
+};
+
+// Radio buttons without objects of their own, which show one field of the settings. Keeps the working value:
+// one that no button stands for stays until a button is clicked. A member of its page, which passes it the
+// clicks.
+class RadioGroup {
+  public:
+    // Takes the field's value and shows nothing yet; the table must outlive the group.
+    void Bind(const BoundDialog& page, std::int32_t& field, std::span<const RadioItem> items);
+
+    // The button for the working value; `other` when there is none.
+    UINT Button(UINT other) const;
+
+    // Takes over the value of a clicked button and enables Apply. False when the button is of another group.
+    bool OnClicked(UINT id);
+
+    void Store() { *m_field = m_working; }
+
+  private:
+    const BoundDialog* m_page = nullptr;
+    std::int32_t* m_field = nullptr;
+    std::span<const RadioItem> m_items;
+    std::int32_t m_working = 0;
+};
+
+}  // namespace vmk
