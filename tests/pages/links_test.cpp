@@ -147,8 +147,6 @@ TEST_F(LinksPage, CancelKeepsWhatWasAppliedAndNoMore) {
     EXPECT_EQ(dialog->Record().Links.Border.Width, 10);
 }
 
-// The detection
-
 TEST_F(LinksPage, CancelStoresNothingEvenIfAWidthIsStillBeingTyped) {
     for (const wchar_t* const typed : {L"2", L"9"}) {
         Open();
@@ -161,7 +159,7 @@ TEST_F(LinksPage, CancelStoresNothingEvenIfAWidthIsStillBeingTyped) {
     }
 }
 
-TEST_F(LinksPage, EscapeCancelsFromEveryControlAndStoresNothing) {
+TEST_F(LinksPage, EscapeCancelsFromEveryKindOfControlAndStoresNothing) {
     for (const UINT id :
          std::initializer_list<UINT>{IDC_LINKS_ANALIZE, IDC_LINKS_TYPE, IDC_LINKS_WIDTH, IDC_LINKS_COLOR}) {
         Open();
@@ -172,6 +170,8 @@ TEST_F(LinksPage, EscapeCancelsFromEveryControlAndStoresNothing) {
         EXPECT_EQ(dialog->Record().Links, stored.Links) << id;
     }
 }
+
+// The detection
 
 TEST_F(LinksPage, OpenedWithTheDetectionOffItsControlsAreEnabledUntilItIsClickedOnAndOff) {
     stored.Links.Analize = 0;
