@@ -1,9 +1,21 @@
 #include "component/preferences.h"
 
+#include <utility>
+
 #include "component/guarded.h"
 
 namespace vmk {
 namespace {
+
+// For methods whose failures are silent: the record, or the registry, is then as it was.
+template <typename Action>
+HRESULT Silently(Action&& action) noexcept {
+    Guarded([&] {
+        std::forward<Action>(action)();
+        return S_OK;
+    });
+    return S_OK;
+}
 
 PageSet PagesOf(PdfPrinterDialogPage pages) noexcept {
     return static_cast<PageSet>(pages);
@@ -101,24 +113,15 @@ HRESULT CPdfPrinterPreferences::DisablePage(PdfPrinterDialogPage pages) noexcept
 }
 
 HRESULT CPdfPrinterPreferences::UseDefaultValues(PdfPrinterDialogPage pages) noexcept {
-    return Guarded([&] {
-        m_editor.UseDefaults(PagesOf(pages));
-        return S_OK;
-    });
+    return Silently([&] { m_editor.UseDefaults(PagesOf(pages)); });
 }
 
 HRESULT CPdfPrinterPreferences::InitFromRegistry(PdfPrinterDialogPage pages, BSTR subKey) noexcept {
-    return Guarded([&] {
-        m_editor.Load(PagesOf(pages), subKey);
-        return S_OK;
-    });
+    return Silently([&] { m_editor.Load(PagesOf(pages), subKey); });
 }
 
 HRESULT CPdfPrinterPreferences::StoreInRegistry(PdfPrinterDialogPage pages, BSTR subKey) noexcept {
-    return Guarded([&] {
-        m_editor.Store(PagesOf(pages), subKey);
-        return S_OK;
-    });
+    return Silently([&] { m_editor.Store(PagesOf(pages), subKey); });
 }
 
 HRESULT CPdfPrinterPreferences::SetTitle(BSTR title) noexcept {

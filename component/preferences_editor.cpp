@@ -3,7 +3,8 @@
 #include <new>
 
 #include "dialog/preferences_dialog.h"
-#include "framework/window_text.h"
+#include "settings/all_or_nothing.h"
+#include "settings/passwords.h"
 #include "settings/reset.h"
 #include "settings/settings_key.h"
 
@@ -24,18 +25,15 @@ class Raised {
 }  // namespace
 
 PreferencesEditor::~PreferencesEditor() {
-    auto& security = m_settings.Security;
-    for (std::wstring* const password : {&security.UserPwd, &security.OwnerPwd, &security.Digisig.PFXPassword,
-                                         &m_settings.Email.SMTP.Password, &m_settings.Overlay.Password})
-        Wipe(*password);
+    WipePasswords(m_settings);
 }
 
 void PreferencesEditor::UseDefaults(PageSet groups) {
-    ResetToDefaults(m_settings, groups);
+    AllOrNothing(m_settings, [&] { ResetToDefaults(m_settings, groups); });
 }
 
 void PreferencesEditor::Load(PageSet groups, const wchar_t* subKey) {
-    LoadFromRegistry(groups, subKey, m_settings);
+    AllOrNothing(m_settings, [&] { LoadFromRegistry(groups, subKey, m_settings); });
 }
 
 void PreferencesEditor::Store(PageSet groups, const wchar_t* subKey) const {

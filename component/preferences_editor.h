@@ -32,11 +32,11 @@ class PreferencesEditor {
     // A longer title is cut; an empty one keeps the dialog's own caption. Throws std::bad_alloc.
     void SetTitle(std::wstring_view title) { m_title = title.substr(0, kLongestTitle); }
 
-    // Throws std::bad_alloc.
+    // Throws std::bad_alloc; the record is then as it was.
     void UseDefaults(PageSet groups);
 
     // The sub-key may be null, for the root key. A registry that cannot be read or written is no failure.
-    // Throw std::bad_alloc.
+    // Throw std::bad_alloc; after Load the record is then as it was.
     void Load(PageSet groups, const wchar_t* subKey);
     void Store(PageSet groups, const wchar_t* subKey) const;
 

@@ -1,5 +1,7 @@
 #include "controls/edit_text.h"
 
+#include "settings/passwords.h"
+
 namespace vmk {
 
 void CMyEditText::Bind(BoundDialog& page, UINT id, std::wstring& field) {

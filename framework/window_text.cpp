@@ -12,10 +12,4 @@ std::wstring WindowText(HWND hwnd) {
     return WindowText(hwnd, GetWindowTextLengthW(hwnd));
 }
 
-void Wipe(std::wstring& text) noexcept {
-    text.resize(text.capacity());
-    SecureZeroMemory(text.data(), text.size() * sizeof(wchar_t));
-    text.clear();
-}
-
 }  // namespace vmk

@@ -12,7 +12,4 @@ std::wstring WindowText(HWND hwnd);
 // At most `limit` characters of a window's text.
 std::wstring WindowText(HWND hwnd, int limit);
 
-// Overwrites a text, spare room included, and empties it: for passwords, before their memory is freed.
-void Wipe(std::wstring& text) noexcept;
-
 }  // namespace vmk

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -92,7 +93,11 @@ void StoreText(HKEY key, const char* name, const std::wstring& text) {
     const DWORD filled = std::max(static_cast<DWORD>(narrowSize), valueSize) + 1;
 
     NarrowBuffer buffer;
-    buffer.Reserve(filled);
+    try {
+        buffer.Reserve(filled);
+    } catch (const std::bad_alloc&) {
+        return;  // like a write that the registry refuses: what was stored stays
+    }
     std::memset(buffer.Data(), 0, filled);
     WideCharToMultiByte(CP_THREAD_ACP, 0, text.data(), length, buffer.Data(), narrowSize, nullptr, nullptr);
     RegSetValueExA(key, name, 0, REG_SZ, buffer.Bytes(), valueSize);

@@ -17,7 +17,7 @@ void LoadGroups(HKEY key, PageSet groups, PrinterSettings& settings);
 
 // Writes the groups whose bits are set as values of `key`, open for setting values. Other values of the key
 // are left alone. A text whose ANSI form has more bytes than the text has characters is stored cut to the
-// number of its characters plus one byte. Throws std::bad_alloc.
+// number of its characters plus one byte. A text for which there is no memory is left out.
 void StoreGroups(HKEY key, PageSet groups, const PrinterSettings& settings);
 
 }  // namespace vmk

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdint>
-#include <span>
 
 namespace vmk::test {
 namespace {
@@ -36,17 +33,6 @@ TEST_F(TextOfAWindow, IsCutAtTheLimit) {
     EXPECT_EQ(WindowText(Showing(L"12345"), 4), L"1234");
     EXPECT_EQ(WindowText(Showing(L"12345"), 5), L"12345");
     EXPECT_EQ(WindowText(Showing(L"12345"), 6), L"12345");
-}
-
-TEST(WipedText, LeavesNothingInItsMemory) {
-    std::wstring text(100, L'p');
-    const auto address = reinterpret_cast<std::uintptr_t>(text.data());
-    text.resize(10);
-    Wipe(text);
-    EXPECT_TRUE(text.empty());
-    ASSERT_EQ(reinterpret_cast<std::uintptr_t>(text.data()), address);
-    const std::span memory(text.data(), 100);
-    EXPECT_TRUE(std::ranges::all_of(memory, [](wchar_t character) { return character == 0; }));
 }
 
 }  // namespace
