@@ -3,6 +3,7 @@
 #include <olectl.h>
 
 #include "component/class_table.h"
+#include "component/exception_globals.h"
 #include "component/module.h"
 #include "component/registration.h"
 
@@ -11,6 +12,11 @@ namespace {
 vmk::CvmkctrlModule theModule;
 
 }  // namespace
+
+BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID) {
+    if (reason == DLL_THREAD_DETACH) vmk::ForgetExceptionsOfThisThread();
+    return TRUE;
+}
 
 STDAPI DllCanUnloadNow() {
     return theModule.GetLockCount() == 0 ? S_OK : S_FALSE;

@@ -1,11 +1,13 @@
 #include "component/module.h"
 
+#include "component/exception_globals.h"
 #include "component/exception_reserve.h"
 
 namespace vmk {
 
 CvmkctrlModule::~CvmkctrlModule() {
     ReleaseExceptionReserve();
+    FreeExceptionGlobals();
 }
 
 HRESULT CvmkctrlModule::GetRegistrar(IRegistrar** registrar) noexcept {

@@ -4,6 +4,7 @@
 #include <olectl.h>
 
 #include <array>
+#include <new>
 
 #include "framework/reflection.h"
 
@@ -34,7 +35,7 @@ void BoundControl::Attach(BoundDialog& page, UINT id) {
     static_cast<CDialogEnv&>(*this) = page.ForChild();
     m_page = &page;
     m_id = id;
-    SubclassWindow(page.Item(id));
+    if (!SubclassWindow(page.Item(id))) throw std::bad_alloc();
 }
 
 std::optional<LRESULT> BoundControl::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {

@@ -29,6 +29,7 @@ class BoundControl : public Window, public CDialogEnv {
     void SetNextFocus(HWND window) noexcept { m_nextFocus = window; }
 
   protected:
+    // Throws std::bad_alloc when the control cannot be attached: it could neither show nor keep its field.
     void Attach(BoundDialog& page, UINT id);
 
     // The dialog that the control stands in; valid once attached.

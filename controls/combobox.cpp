@@ -1,11 +1,18 @@
 #include "controls/combobox.h"
 
 #include <algorithm>
+#include <new>
 
 namespace vmk {
 namespace {
 
 constexpr size_t kLongestItemText = 255;
+
+// An item that is not there could not be selected, and its setting would be lost.
+void AddString(HWND list, const std::wstring& text) {
+    if (SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str())) < 0)
+        throw std::bad_alloc();
+}
 
 }  // namespace
 
@@ -17,7 +24,7 @@ void CMyCombobox::Bind(BoundDialog& page, UINT id, std::int32_t& field, std::spa
     for (const ComboItem& item : items) {
         const std::wstring text = Translate(item.text).substr(0, kLongestItemText);
         m_items.push_back({.value = item.value, .text = text});
-        SendMessageW(Handle(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+        AddString(Handle(), text);
     }
 }
 

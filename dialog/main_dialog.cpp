@@ -1,5 +1,6 @@
 #include "dialog/main_dialog.h"
 
+#include <new>
 #include <string>
 
 #include "dialog/language_folder.h"
@@ -76,7 +77,8 @@ std::optional<LRESULT> CDlgMain::ProcessWindowMessage(HWND hwnd, UINT msg, WPARA
             EndDialog(hwnd, IDCANCEL);
             return 0;
         case IDC_MAIN_APPLY:
-            m_navigator.ApplyPages();
+            // What could not be stored is still to be applied.
+            if (!m_navigator.ApplyPages()) return 0;
             // A disabled control that keeps the focus would keep all keys from the dialog.
             if (GetFocus() == m_applyButton) SendMessageW(hwnd, WM_NEXTDLGCTL, 0, FALSE);
             DisableApply();
@@ -93,7 +95,7 @@ void CDlgMain::OnInitDialog() {
     m_applyButton = Item(IDC_MAIN_APPLY);
     const CDialogEnv env = {
         .translator = &m_translator, .settings = &m_settings, .applyButton = m_applyButton};
-    m_navigator.CreateNavigator(env, m_options.pages, Handle());
+    if (!m_navigator.CreateNavigator(env, m_options.pages, Handle())) throw std::bad_alloc();
     // Pages that show their values may have enabled it, though nothing has changed yet.
     DisableApply();
 }

@@ -1,6 +1,7 @@
 #include "dialog/navigator.h"
 
 #include <limits>
+#include <new>
 #include <string>
 
 #include "resources/ids/main.h"
@@ -13,10 +14,12 @@ bool CDlgSettings::CreateNavigator(const CDialogEnv& env, PageSet pages, HWND pa
     return Create(IDD_NAVIGATOR, parent) != nullptr;
 }
 
-void CDlgSettings::ApplyPages() {
+bool CDlgSettings::ApplyPages() {
+    bool all = true;
     for (const PageEntry& entry : m_pages) {
-        if (entry.window) SendMessageW(entry.window, WM_PAGE_APPLY, 0, 0);
+        if (entry.window && SendMessageW(entry.window, WM_PAGE_APPLY, 0, 0) != 0) all = false;
     }
+    return all;
 }
 
 std::optional<LRESULT> CDlgSettings::ProcessWindowMessage(HWND /*hwnd*/, UINT msg, WPARAM /*wParam*/,
@@ -46,6 +49,8 @@ HWND CDlgSettings::List() const {
 
 void CDlgSettings::OnInitDialog() {
     PrepareList();
+    // A page that has a window must never be without an owner: there is room for all of them beforehand.
+    m_pages.reserve(PageTable().size());
     for (const PageRow& row : PageTable()) {
         if (pageSet & row.bit) AddPage(row);
     }
@@ -66,22 +71,35 @@ void CDlgSettings::PrepareList() {
     ListView_InsertColumn(List(), 0, &column);
 }
 
+// A page that cannot be made keeps its place in the list and shows nothing; the others do not suffer from it.
 void CDlgSettings::AddPage(const PageRow& row) {
-    std::wstring name = Translate(row.name);
+    PageEntry& entry =
+        m_pages.emplace_back(PageEntry{.page = nullptr, .window = nullptr, .item = InsertName(row)});
+    try {
+        entry.page = row.create();
+        entry.window = entry.page->CreatePage(*this, Item(IDC_NAVIGATOR_FRAME));
+    } catch (const std::bad_alloc&) {
+        entry.window = nullptr;
+    }
+}
+
+int CDlgSettings::InsertName(const PageRow& row) const {
+    std::wstring name;
+    try {
+        name = Translate(row.name);
+    } catch (const std::bad_alloc&) {
+        name.clear();
+    }
     LVITEMW item{};
     item.mask = LVIF_TEXT;
     item.iItem = std::numeric_limits<int>::max();
-    item.pszText = name.data();
+    // The control copies the text.
+    item.pszText = name.empty() ? const_cast<wchar_t*>(row.name) : name.data();
     if (row.icon != PageRow::kNoIcon) {
         item.mask |= LVIF_IMAGE;
         item.iImage = row.icon;
     }
-    const int index = ListView_InsertItem(List(), &item);
-
-    // The entry comes first: a page that has a window must never be without an owner.
-    m_pages.push_back({.page = row.create(), .window = nullptr, .item = index});
-    PageEntry& entry = m_pages.back();
-    entry.window = entry.page->CreatePage(*this, Item(IDC_NAVIGATOR_FRAME));
+    return ListView_InsertItem(List(), &item);
 }
 
 void CDlgSettings::SelectFirstPage() const {

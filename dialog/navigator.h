@@ -18,8 +18,8 @@ class CDlgSettings final : public Dialog, public CDialogEnv {
   public:
     bool CreateNavigator(const CDialogEnv& env, PageSet pages, HWND parent);
 
-    // Lets every page store its controls, in the order of the list.
-    void ApplyPages();
+    // Lets every page store its controls, in the order of the list. False when one of them could not.
+    bool ApplyPages();
 
   private:
     struct PageEntry {
@@ -33,6 +33,7 @@ class CDlgSettings final : public Dialog, public CDialogEnv {
     void OnInitDialog();
     void PrepareList();
     void AddPage(const PageRow& row);
+    int InsertName(const PageRow& row) const;
     void SelectFirstPage() const;
     void ShowPage(int item) const;
     void DestroyPages();

@@ -13,7 +13,8 @@ class Dialog : public Window {
     static constexpr INT_PTR kNotCreated = -1;
 
     // Runs the dialog modally. Returns what ends it (EndDialog), or kNotCreated when it cannot be created;
-    // the thread's last error then says why (ERROR_OUTOFMEMORY when the object cannot be attached).
+    // the thread's last error then says why (ERROR_OUTOFMEMORY when the object cannot be attached, or throws
+    // in WM_INITDIALOG).
     INT_PTR DoModal(UINT templateId, HWND owner) noexcept;
 
     // Creates the dialog as a child or modeless window. Null when that fails, with the last error as above.
@@ -25,7 +26,10 @@ class Dialog : public Window {
   private:
     static INT_PTR CALLBACK StartProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept;
 
-    bool m_attachFailed = false;
+    void OnMessageFailed(UINT msg) noexcept override;
+    void Fail(HWND hwnd) noexcept;
+
+    bool m_failed = false;  // the window that is being made has to go
 };
 
 // The two halves of a WM_COMMAND that comes from a control.

@@ -23,8 +23,18 @@ bool SetProperties(HWND hwnd, WNDPROC superProc, Window* object) noexcept {
     return false;
 }
 
+void RemoveProperties(HWND hwnd) noexcept {
+    RemovePropW(hwnd, kObjectProperty);
+    RemovePropW(hwnd, kSuperProcProperty);
+}
+
 WNDPROC CurrentProc(HWND hwnd) noexcept {
     return reinterpret_cast<WNDPROC>(GetWindowLongPtrW(hwnd, GWLP_WNDPROC));
+}
+
+// No window is without a procedure, so that no former one means failure.
+bool ReplaceProc(HWND hwnd, WNDPROC proc) noexcept {
+    return SetWindowLongPtrW(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(proc)) != 0;
 }
 
 }  // namespace
@@ -69,8 +79,12 @@ bool Window::SubclassWindow(HWND hwnd) noexcept {
         SetLastError(ERROR_OUTOFMEMORY);
         return false;
     }
+    if (!ReplaceProc(hwnd, WindowProc)) {
+        RemoveProperties(hwnd);
+        SetLastError(ERROR_OUTOFMEMORY);
+        return false;
+    }
     m_hwnd = hwnd;
-    SetWindowLongPtrW(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WindowProc));
     return true;
 }
 
@@ -85,8 +99,7 @@ void Window::Detach() noexcept {
     m_hwnd = nullptr;
     RemovePropW(hwnd, kObjectProperty);
     if (CurrentProc(hwnd) != WindowProc) return;
-    SetWindowLongPtrW(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(SuperProc(hwnd)));
-    RemovePropW(hwnd, kSuperProcProperty);
+    if (ReplaceProc(hwnd, SuperProc(hwnd))) RemovePropW(hwnd, kSuperProcProperty);
 }
 
 void Window::DetachForEver() noexcept {
@@ -100,11 +113,13 @@ LRESULT Window::DefaultProc(UINT msg, WPARAM wParam, LPARAM lParam) const noexce
 }
 
 std::optional<LRESULT> Window::Dispatch(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept {
+    const Handling handling(*this);
     try {
         return ProcessWindowMessage(hwnd, msg, wParam, lParam);
     } catch (...) {
         // Out of memory in a message: the system's frames below must not be unwound, so the message counts as
         // not ours.
+        if (handling.Object()) OnMessageFailed(msg);
         return std::nullopt;
     }
 }

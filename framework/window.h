@@ -35,6 +35,9 @@ class Window {
     // message of the window that the object is still handling. May delete the object.
     virtual void OnFinalMessage(HWND /*hwnd*/) noexcept {}
 
+    // ProcessWindowMessage has thrown: what the object makes of a message that it could not handle.
+    virtual void OnMessageFailed(UINT /*msg*/) noexcept {}
+
     // What the window would do with a message if this object were not attached.
     LRESULT DefaultProc(UINT msg, WPARAM wParam, LPARAM lParam) const noexcept;
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <new>
 
 namespace vmk {
 namespace {
@@ -22,12 +23,12 @@ class DrawingPause {
     HWND m_window;
 };
 
-void InsertFace(HWND list, FontFace& face) noexcept {
+void InsertFace(HWND list, FontFace& face) {
     LVITEMW item{};
     item.mask = LVIF_TEXT | LVIF_IMAGE;
     item.pszText = face.name.data();
     item.iImage = static_cast<int>(face.flags);
-    ListView_InsertItem(list, &item);
+    if (ListView_InsertItem(list, &item) < 0) throw std::bad_alloc();
 }
 
 }  // namespace
@@ -57,14 +58,17 @@ void FontListView::Insert(std::vector<FontFace> faces) const {
     for (FontFace& face : faces) InsertFace(m_list, face);
 }
 
-std::vector<FontFace> FontListView::TakeSelected() const {
-    std::vector<FontFace> taken;
+std::vector<FontFace> FontListView::Selected() const {
+    std::vector<FontFace> selected;
+    for (int item = -1; (item = ListView_GetNextItem(m_list, item, LVNI_SELECTED)) >= 0;)
+        selected.push_back(Face(item));
+    return selected;
+}
+
+void FontListView::DeleteSelected() const noexcept {
     const DrawingPause pause(m_list);
-    for (int item = 0; (item = ListView_GetNextItem(m_list, -1, LVNI_SELECTED)) >= 0;) {
-        taken.push_back(Face(item));
+    for (int item = 0; (item = ListView_GetNextItem(m_list, -1, LVNI_SELECTED)) >= 0;)
         if (!ListView_DeleteItem(m_list, item)) break;
-    }
-    return taken;
 }
 
 std::vector<std::wstring> FontListView::Names() const {

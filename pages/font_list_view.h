@@ -19,10 +19,12 @@ class FontListView {
     void Prepare(HIMAGELIST icons) const noexcept;
 
     void Clear() const noexcept;
+    // Throws std::bad_alloc when a face finds no room; some of the others may be there by then.
     void Insert(std::vector<FontFace> faces) const;
 
-    // Removes the selected items, from top to bottom, and returns them.
-    std::vector<FontFace> TakeSelected() const;
+    // The selected items, from top to bottom.
+    std::vector<FontFace> Selected() const;
+    void DeleteSelected() const noexcept;
 
     // The names in the order on screen.
     std::vector<std::wstring> Names() const;

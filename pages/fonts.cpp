@@ -43,13 +43,17 @@ void CDlgFonts::LoadPage() {
 }
 
 // The stored lists take their names out of the offer before anything is on screen, so that no list control
-// has to be searched.
+// has to be searched. What is on screen goes when the new lists are there: names must not get lost.
 void CDlgFonts::ShowFonts(const PrinterSettings& shown) {
     m_faces = EnumerateInstalledFaces();
     FontOffer offer(m_faces, ListSearchKey);
-    List(IDC_FONTS_ALWAYS).Insert(offer.Take(shown.Fonts.Embedd.Always));
-    List(IDC_FONTS_NEVER).Insert(offer.Take(shown.Fonts.Embedd.Never));
-    List(IDC_FONTS_AVAILABLE).Insert(offer.Rest());
+    std::vector<FontFace> always = offer.Take(shown.Fonts.Embedd.Always);
+    std::vector<FontFace> never = offer.Take(shown.Fonts.Embedd.Never);
+    std::vector<FontFace> available = offer.Rest();
+    for (const UINT id : kLists) List(id).Clear();
+    List(IDC_FONTS_ALWAYS).Insert(std::move(always));
+    List(IDC_FONTS_NEVER).Insert(std::move(never));
+    List(IDC_FONTS_AVAILABLE).Insert(std::move(available));
 }
 
 void CDlgFonts::StorePage() {
@@ -73,15 +77,15 @@ bool CDlgFonts::OnCommand(Command command) {
 }
 
 void CDlgFonts::MoveSelected(UINT source, UINT target) {
-    std::vector<FontFace> moved = List(source).TakeSelected();
+    std::vector<FontFace> moved = List(source).Selected();
     if (moved.empty()) return;
     List(target).Insert(std::move(moved));
+    List(source).DeleteSelected();
     EnableApply();
 }
 
 void CDlgFonts::ShowDefaults() {
     const PrinterSettings defaults;
-    for (const UINT id : kLists) List(id).Clear();
     ShowFonts(defaults);
 
     const auto& embed = defaults.Fonts.Embedd;

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <exception>
+#include <new>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -77,11 +78,15 @@ int CALLBACK AddFace(const LOGFONTW* font, const TEXTMETRICW* metrics, DWORD typ
 
 FontFaces EnumerateInstalledFaces() {
     const UniqueScreenContext screen(GetDC(nullptr));
+    if (!screen) throw std::bad_alloc();
     Enumeration enumeration = {.context = screen.get(), .faces = {}, .failure = {}};
     LOGFONTW every{};
     every.lfCharSet = DEFAULT_CHARSET;
-    EnumFontFamiliesExW(screen.get(), &every, AddFace, reinterpret_cast<LPARAM>(&enumeration), 0);
+    const int goesOn =
+        EnumFontFamiliesExW(screen.get(), &every, AddFace, reinterpret_cast<LPARAM>(&enumeration), 0);
     if (enumeration.failure) std::rethrow_exception(enumeration.failure);
+    // No system is without any font.
+    if (!goesOn) throw std::bad_alloc();
     return std::move(enumeration.faces);
 }
 

@@ -7,7 +7,8 @@
 namespace vmk {
 
 // Every face that the system reports for the screen, in every character set. Fonts that cannot be made, and
-// fonts without outlines, are there with what is known of them without.
+// fonts without outlines, are there with what is known of them without. Throws std::bad_alloc when the system
+// does not report all of them.
 FontFaces EnumerateInstalledFaces();
 
 // A key that is equal for two names if, and only if, a list view's exact text search takes them for the same:

@@ -6,7 +6,8 @@
 
 namespace vmk {
 
-// Sent to every page when the user presses Apply, with both parameters 0. The page stores its controls.
+// Sent to every page when the user presses Apply, with both parameters 0. The page stores its controls and
+// answers 0; when it could not, it has stored none of them and answers 1.
 inline constexpr UINT WM_PAGE_APPLY = WM_USER + 1;  // NOLINT(readability-identifier-naming)
 
 // Anything that the page list can show: a window inside the navigator's frame, created hidden. Deleted by the
@@ -38,7 +39,7 @@ class CPage : public PageWindow, public BoundDialog {
     virtual void LoadPage() = 0;
 
     // Writes every control into the settings. Called on Apply and when the page is destroyed, if there is
-    // anything to store.
+    // anything to store. What it throws undoes all of it.
     virtual void StorePage() = 0;
 
     // Whether the page stores also when Apply is disabled, that is, when nothing was changed or all was
@@ -48,10 +49,11 @@ class CPage : public PageWindow, public BoundDialog {
     std::optional<LRESULT> ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
 
   private:
-    void OnInitDialog() final { LoadPage(); }
-    void StoreIfChanged();
+    void OnInitDialog() final;
+    bool StoreIfChanged() noexcept;
 
     UINT m_templateId;
+    bool m_isLoaded = false;
 };
 
 }  // namespace vmk

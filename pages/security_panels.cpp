@@ -1,5 +1,7 @@
 #include "pages/security_panels.h"
 
+#include <new>
+
 #include "resources/ids/security.h"
 
 namespace vmk {
@@ -25,11 +27,11 @@ constexpr ComboItem kPrinting[] = {
 
 void SecurityPanel::CreatePanel(const CDialogEnv& env, HWND container) {
     SetEnvironment(env.ForChild());
-    Create(m_templateId, container);
+    if (!Create(m_templateId, container)) throw std::bad_alloc();
 }
 
 void SecurityPanel::StorePanel() {
-    if (Handle() && IsApplyEnabled()) StorePermissions();
+    if (IsApplyEnabled()) StorePermissions();
 }
 
 // CDlgSec40

@@ -9,7 +9,7 @@ namespace vmk {
 // The permissions that go with one encryption level: a child dialog inside the Security page, created hidden.
 class SecurityPanel : public BoundDialog {
   public:
-    // Creates the panel inside the page's container. When that fails, there is nothing to show or to store.
+    // Creates the panel inside the page's container. Throws std::bad_alloc when that fails.
     void CreatePanel(const CDialogEnv& env, HWND container);
 
     void ShowPanel(bool show) const noexcept { ShowWindow(Handle(), show ? SW_SHOW : SW_HIDE); }

@@ -1,6 +1,7 @@
 #include "pages/smtp.h"
 
 #include "controls/truncate.h"
+#include "settings/all_or_nothing.h"
 
 namespace vmk {
 namespace {
@@ -48,7 +49,7 @@ void CDlgSMTP::Store() {
 
 bool CDlgSMTP::OnCommand(Command command) {
     if (command.code != BN_CLICKED || (command.id != IDOK && command.id != IDCANCEL)) return false;
-    if (command.id == IDOK) Store();
+    if (command.id == IDOK) AllOrNothing(*settings, [this] { Store(); });
     EndDialog(Handle(), static_cast<INT_PTR>(command.id));
     return true;
 }

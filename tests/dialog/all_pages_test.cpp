@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "tests/support/full_use.h"
 #include "tests/support/live_dialog.h"
 #include "tests/support/wait.h"
 
@@ -101,32 +102,9 @@ TEST(AllPages, OneChangeOnEachPageReachesRegistryRecordAndScreenAgain) {
     EXPECT_EQ(again.Record(), Changed());
 }
 
-// Everything in use, so that as many controls as possible are enabled.
-PrinterSettings InFullUse() {
-    PrinterSettings settings = Initial();
-    for (auto* const images :
-         {&settings.Downsample.Color, &settings.Downsample.Indexed, &settings.Downsample.Mono})
-        images->Use = 1;
-    settings.Convert.Color.To = settings.Convert.Indexed.To = settings.Convert.Drawing.To = 2;
-    settings.Paper.Nup = 2;
-    settings.Overlay.Enable = 1;
-    settings.Security.Use = 1;
-    settings.Security.UserPwd = settings.Security.OwnerPwd = L"secret";
-    settings.Security.Digisig.Enable = 1;
-    settings.Security.Digisig.Flags = 0x10;
-    settings.Links.Files.Analize = 1;
-    settings.Links.Border.Type = 1;
-    settings.Bookmarks.Print = 1;
-    settings.Save.UseSameFolder = 0;
-    settings.Save.WhenExists = 2;
-    settings.Save.App.Run = {.Use = 1, .WithoutPath = 0, .Path = L"C:\\a.exe"};
-    settings.Email.Type = 3;
-    return settings;
-}
-
 TEST(AllPages, WalkingThroughEveryControlByKeyboardIsNoChange) {
     const ScratchSettings before;
-    before.Store(InFullUse());
+    before.Store(SettingsInFullUse());
     LiveDialog dialog({.settings = &before});
     for (const std::wstring& name : dialog.PageNames()) {
         const LiveWindow page = dialog.Page(name);
@@ -145,7 +123,7 @@ TEST(AllPages, WalkingThroughEveryControlByKeyboardIsNoChange) {
         EXPECT_FALSE(dialog.IsApplyEnabled()) << testing::PrintToString(name);
     }
     EXPECT_EQ(dialog.Ok(), 1);
-    EXPECT_EQ(dialog.Record(), InFullUse());
+    EXPECT_EQ(dialog.Record(), SettingsInFullUse());
 }
 
 TEST(AllPages, AfterCancelOnlyTheEmailPageHasStoredItsChange) {

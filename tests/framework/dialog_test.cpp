@@ -154,15 +154,55 @@ TEST(ModelessDialog, MayCreateAnotherWhileItIsInitialised) {
     EXPECT_EQ(child.finals, 1);
 }
 
-TEST(ModelessDialog, StandsThoughItsInitialisationThrows) {
+// Throws while it is initialised and notes what it is told afterwards.
+struct FailingDialog {
+    FailingDialog() {
+        dialog.handler = [this](HWND, UINT msg, WPARAM) -> std::optional<LRESULT> {
+            if (hasThrown) ++messagesAfter;
+            if (msg != WM_INITDIALOG) return std::nullopt;
+            hasThrown = true;
+            throw std::bad_alloc();
+        };
+    }
+
     TestDialog dialog;
-    dialog.handler = [](HWND, UINT msg, WPARAM) -> std::optional<LRESULT> {
-        if (msg == WM_INITDIALOG) throw std::bad_alloc();
-        return std::nullopt;
-    };
-    HWND hwnd = dialog.Create(IDD_TEST_DIALOG, nullptr);
+    bool hasThrown = false;
+    int messagesAfter = 0;
+};
+
+TEST(ModelessDialog, IsNullWhenItsInitialisationThrowsAndLeavesNoWindow) {
+    FailingDialog failing;
+    SetLastError(ERROR_SUCCESS);
+    EXPECT_EQ(failing.dialog.Create(IDD_TEST_DIALOG, nullptr), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_OUTOFMEMORY});
+    EXPECT_TRUE(failing.hasThrown);
+    EXPECT_EQ(failing.dialog.Handle(), nullptr);
+    EXPECT_EQ(DialogsOfThisThread(), 0);
+}
+
+TEST(ModelessDialog, HearsNothingMoreOnceItsInitialisationHasThrown) {
+    FailingDialog failing;
+    failing.dialog.Create(IDD_TEST_DIALOG, nullptr);
+    EXPECT_EQ(failing.messagesAfter, 0);
+}
+
+TEST(ModalDialog, AnswersMinusOneWhenItsInitialisationThrowsAndLeavesNoWindow) {
+    FailingDialog failing;
+    SetLastError(ERROR_SUCCESS);
+    EXPECT_EQ(failing.dialog.DoModal(IDD_TEST_DIALOG, nullptr), -1);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_OUTOFMEMORY});
+    EXPECT_EQ(failing.dialog.Handle(), nullptr);
+    EXPECT_EQ(failing.messagesAfter, 0);
+    EXPECT_EQ(DialogsOfThisThread(), 0);
+}
+
+TEST(ModelessDialog, CanBeCreatedOnceMoreAfterAFailure) {
+    FailingDialog failing;
+    failing.dialog.Create(IDD_TEST_DIALOG, nullptr);
+    failing.dialog.handler = {};
+    HWND hwnd = failing.dialog.Create(IDD_TEST_DIALOG, nullptr);
     EXPECT_NE(hwnd, nullptr);
-    EXPECT_EQ(dialog.Handle(), hwnd);
+    EXPECT_EQ(failing.dialog.Handle(), hwnd);
     DestroyWindow(hwnd);
 }
 

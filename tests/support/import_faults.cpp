@@ -1,0 +1,201 @@
+#include "tests/support/import_faults.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <stdexcept>
+#include <type_traits>
+
+namespace vmk::test {
+namespace {
+
+// One plan at a time: the functions that it is about count together.
+struct Countdown {
+    std::atomic<long> calls = 0;
+    std::atomic<long> failed = 0;
+    std::atomic<long> first = 0;  // 0: none fails
+    std::atomic<bool> lasting = false;
+    std::atomic<DWORD> thread = 0;
+
+    bool IsFailing() {
+        if (first == 0 || (thread != 0 && thread != GetCurrentThreadId())) return false;
+        const long call = ++calls;
+        const bool fails = lasting ? call >= first : call == first;
+        if (fails) ++failed;
+        return fails;
+    }
+};
+Countdown countdown;
+
+// A string literal as a template argument.
+template <std::size_t kSize>
+struct Literal {
+    // Meant to be made of a literal as it stands.
+    consteval Literal(const char (&literal)[kSize]) {  // NOLINT(google-explicit-constructor)
+        std::copy_n(literal, kSize, text);
+    }
+    char text[kSize] = {};
+};
+
+// What stands in for one function. A call that fails answers kAnswer, with kError as the thread's last error
+// unless that is 0.
+template <Literal kName, typename Signature, std::intptr_t kAnswer, DWORD kError>
+struct StandIn;
+
+template <Literal kName, typename Result, typename... Arguments, std::intptr_t kAnswer, DWORD kError>
+struct StandIn<kName, Result(Arguments...), kAnswer, kError> {
+    static inline void* original = nullptr;
+    static inline std::atomic<bool> isPlanned = false;
+
+    static Result WINAPI Call(Arguments... arguments) {
+        if (!isPlanned || !countdown.IsFailing())
+            return reinterpret_cast<Result(WINAPI*)(Arguments...)>(original)(arguments...);
+        if constexpr (kError != 0) SetLastError(kError);
+        if constexpr (std::is_pointer_v<Result>) {
+            return reinterpret_cast<Result>(kAnswer);
+        } else {
+            return static_cast<Result>(kAnswer);
+        }
+    }
+};
+
+struct Row {
+    std::string_view name;
+    void* standIn;
+    void** original;
+    std::atomic<bool>* isPlanned;
+};
+
+template <Literal kName, typename Signature, std::intptr_t kAnswer = 0, DWORD kError = ERROR_OUTOFMEMORY>
+Row Failing() {
+    using One = StandIn<kName, Signature, kAnswer, kError>;
+    return {.name = kName.text,
+            .standIn = reinterpret_cast<void*>(&One::Call),
+            .original = &One::original,
+            .isPlanned = &One::isPlanned};
+}
+
+constexpr DWORD kNoError = 0;
+
+std::span<const Row> Rows() {
+    static const Row kRows[] = {
+        Failing<"malloc", void*(std::size_t), 0, kNoError>(),
+        Failing<"calloc", void*(std::size_t, std::size_t), 0, kNoError>(),
+        Failing<"realloc", void*(void*, std::size_t), 0, kNoError>(),
+        Failing<"RegCreateKeyExA", decltype(RegCreateKeyExA), ERROR_OUTOFMEMORY, kNoError>(),
+        Failing<"RegOpenKeyExA", decltype(RegOpenKeyExA), ERROR_OUTOFMEMORY, kNoError>(),
+        Failing<"RegQueryValueExA", decltype(RegQueryValueExA), ERROR_OUTOFMEMORY, kNoError>(),
+        Failing<"RegSetValueExA", decltype(RegSetValueExA), ERROR_OUTOFMEMORY, kNoError>(),
+        Failing<"SetPropW", decltype(SetPropW)>(),
+        Failing<"SetWindowLongPtrW", decltype(SetWindowLongPtrW)>(),
+        Failing<"CreateDialogParamW", decltype(CreateDialogParamW)>(),
+        Failing<"DialogBoxParamW", decltype(DialogBoxParamW), -1>(),
+        Failing<"LoadMenuW", decltype(LoadMenuW)>(),
+        Failing<"ImageList_LoadImageW", decltype(ImageList_LoadImageW)>(),
+        Failing<"GetDC", decltype(GetDC)>(),
+        Failing<"EnumFontFamiliesExW", decltype(EnumFontFamiliesExW)>(),
+        Failing<"CreateFontIndirectW", decltype(CreateFontIndirectW)>(),
+        Failing<"CreateCompatibleDC", decltype(CreateCompatibleDC)>(),
+        Failing<"CreateCompatibleBitmap", decltype(CreateCompatibleBitmap)>(),
+        Failing<"CreateSolidBrush", decltype(CreateSolidBrush)>(),
+        Failing<"CreateActCtxW", decltype(CreateActCtxW), -1>(),
+        Failing<"ActivateActCtx", decltype(ActivateActCtx)>(),
+        Failing<"GetCurrentDirectoryW", decltype(GetCurrentDirectoryW)>(),
+        Failing<"GetModuleFileNameW", decltype(GetModuleFileNameW)>(),
+    };
+    return kRows;
+}
+
+const Row* Find(std::string_view name) {
+    const auto rows = Rows();
+    const auto found = std::ranges::find(rows, name, &Row::name);
+    return found == rows.end() ? nullptr : &*found;
+}
+
+template <typename Structure>
+Structure* At(HMODULE module, std::size_t offset) {
+    return reinterpret_cast<Structure*>(reinterpret_cast<std::byte*>(module) + offset);
+}
+
+// Calls visit(name, slot) for every function that the module imports by name.
+template <typename Visit>
+void WalkImports(HMODULE module, Visit&& visit) {
+    const auto* const dos = At<IMAGE_DOS_HEADER>(module, 0);
+    const auto* const headers = At<IMAGE_NT_HEADERS>(module, static_cast<std::size_t>(dos->e_lfanew));
+    const IMAGE_DATA_DIRECTORY& directory =
+        headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    const auto* library = At<IMAGE_IMPORT_DESCRIPTOR>(module, directory.VirtualAddress);
+    for (; library->Name; ++library) {
+        const auto* name = At<IMAGE_THUNK_DATA>(module, library->OriginalFirstThunk);
+        auto* slot = At<void*>(module, library->FirstThunk);
+        for (; name->u1.AddressOfData; ++name, ++slot) {
+            if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
+            const auto* const import =
+                At<IMAGE_IMPORT_BY_NAME>(module, static_cast<std::size_t>(name->u1.AddressOfData));
+            visit(std::string_view(reinterpret_cast<const char*>(import->Name)), slot);
+        }
+    }
+}
+
+void Write(void** slot, void* value) {
+    DWORD protection = 0;
+    VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &protection);
+    *slot = value;
+    VirtualProtect(slot, sizeof *slot, protection, &protection);
+}
+
+}  // namespace
+
+ImportFaults::ImportFaults(HMODULE module) {
+    WalkImports(module, [this](std::string_view name, void** slot) {
+        const Row* const row = Find(name);
+        if (!row) return;
+        *row->original = *slot;
+        m_patches.push_back({.slot = slot, .original = *slot});
+        m_functions.emplace_back(name);
+        Write(slot, row->standIn);
+    });
+}
+
+ImportFaults::~ImportFaults() {
+    Stop();
+    for (const Patch& patch : m_patches) Write(patch.slot, patch.original);
+}
+
+void ImportFaults::Fail(const Plan& plan) {
+    Stop();
+    constexpr std::string_view kAllocators[] = {"malloc", "calloc", "realloc"};
+    std::span<const std::string_view> functions(&plan.function, 1);
+    if (plan.function == "memory") functions = kAllocators;
+    bool isImported = false;
+    for (const std::string_view function : functions) {
+        if (std::ranges::find(m_functions, function) == m_functions.end()) continue;
+        isImported = true;
+        *Find(function)->isPlanned = true;
+    }
+    if (!isImported) throw std::invalid_argument(std::string(plan.function) + " is not imported");
+    countdown.calls = 0;
+    countdown.failed = 0;
+    countdown.lasting = plan.lasting;
+    countdown.thread = plan.thread;
+    countdown.first = plan.first;
+}
+
+void ImportFaults::Stop() {
+    countdown.first = 0;
+    for (const Row& row : Rows()) *row.isPlanned = false;
+}
+
+long ImportFaults::Calls() const {
+    return countdown.calls;
+}
+
+bool ImportFaults::HaveFailed() const {
+    return countdown.failed > 0;
+}
+
+}  // namespace vmk::test

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vmk::test {
+
+// Makes functions that a loaded module imports fail as the system would fail them. The module's import table
+// leads through counters as long as this object lives; other modules are not affected. One at a time.
+//
+//     ImportFaults faults(module.get());
+//     faults.Fail({.function = "malloc", .first = 3});   // the third call from now on, and no other
+//     ...
+//     EXPECT_TRUE(faults.HaveFailed());
+class ImportFaults {
+  public:
+    explicit ImportFaults(HMODULE module);
+    ~ImportFaults();
+    ImportFaults(const ImportFaults&) = delete;
+    ImportFaults& operator=(const ImportFaults&) = delete;
+
+    struct Plan {
+        std::string_view function;  // "memory": whatever allocates from the C runtime's heap
+        long first = 1;             // which call from now on fails
+        bool lasting = false;       // all the later ones fail, too
+        DWORD thread = 0;           // calls of this thread only; 0: of every thread
+    };
+
+    // Starts counting anew. Throws std::invalid_argument when the module does not import the function.
+    void Fail(const Plan& plan);
+    // Lets every call through again; Calls and HaveFailed keep what they say.
+    void Stop();
+
+    // Calls of the function of the last plan, the failed ones included, up to Stop.
+    long Calls() const;
+    bool HaveFailed() const;
+
+    // The functions that can be made to fail and that the module imports.
+    const std::vector<std::string>& Functions() const { return m_functions; }
+
+  private:
+    struct Patch {
+        void** slot;
+        void* original;
+    };
+
+    std::vector<Patch> m_patches;
+    std::vector<std::string> m_functions;
+};
+
+}  // namespace vmk::test
