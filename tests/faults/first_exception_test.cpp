@@ -41,6 +41,7 @@ class FirstException : public testing::Test {
 
     std::vector<Worker> Workers(int count) {
         std::vector<Worker> workers;
+        workers.reserve(static_cast<std::size_t>(count));
         for (int index = 0; index < count; ++index)
             workers.push_back({.test = this, .object = m_module.CreatePreferences()});
         return workers;

@@ -48,12 +48,12 @@ struct StandIn;
 
 template <Literal kName, typename Result, typename... Arguments, std::intptr_t kAnswer, DWORD kError>
 struct StandIn<kName, Result(Arguments...), kAnswer, kError> {
-    static inline void* original = nullptr;
-    static inline std::atomic<bool> isPlanned = false;
+    static inline void* s_original = nullptr;
+    static inline std::atomic<bool> s_isPlanned = false;
 
     static Result WINAPI Call(Arguments... arguments) {
-        if (!isPlanned || !countdown.IsFailing())
-            return reinterpret_cast<Result(WINAPI*)(Arguments...)>(original)(arguments...);
+        if (!s_isPlanned || !countdown.IsFailing())
+            return reinterpret_cast<Result(WINAPI*)(Arguments...)>(s_original)(arguments...);
         if constexpr (kError != 0) SetLastError(kError);
         if constexpr (std::is_pointer_v<Result>) {
             return reinterpret_cast<Result>(kAnswer);
@@ -75,8 +75,8 @@ Row Failing() {
     using One = StandIn<kName, Signature, kAnswer, kError>;
     return {.name = kName.text,
             .standIn = reinterpret_cast<void*>(&One::Call),
-            .original = &One::original,
-            .isPlanned = &One::isPlanned};
+            .original = &One::s_original,
+            .isPlanned = &One::s_isPlanned};
 }
 
 constexpr DWORD kNoError = 0;
