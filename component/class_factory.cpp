@@ -13,12 +13,18 @@ HRESULT ClassFactory::QueryInterface(REFIID riid, void** object) noexcept {
     return S_OK;
 }
 
+// The lock is there before the reference and goes after it, so that no moment between the two makes the
+// module look unused, whatever other threads do meanwhile.
+
 ULONG ClassFactory::AddRef() noexcept {
+    Module::Get().Lock();
     return static_cast<ULONG>(InterlockedIncrement(&m_references));
 }
 
 ULONG ClassFactory::Release() noexcept {
-    return static_cast<ULONG>(InterlockedDecrement(&m_references));
+    const LONG left = InterlockedDecrement(&m_references);
+    Module::Get().Unlock();
+    return static_cast<ULONG>(left);
 }
 
 HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID riid, void** object) noexcept {

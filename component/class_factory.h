@@ -7,7 +7,7 @@
 namespace vmk {
 
 // The class object of one class: a static of the module, so there is one for the process and it is never
-// freed. Its references do not keep the module loaded; LockServer and living objects do.
+// freed. Every reference that a caller holds keeps the module loaded, as living objects and LockServer do.
 class ClassFactory final : public IClassFactory {
   public:
     // Makes an object and asks it for an interface. Takes no outer unknown: nothing here can be aggregated.

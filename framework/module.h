@@ -28,8 +28,8 @@ class Module {
     // The full path of that binary; empty when the system does not tell. Throws std::bad_alloc.
     std::wstring Path() const;
 
-    // The lock count keeps the module loaded: one for each live object and each LockServer(TRUE). May be
-    // called from any thread; Lock and Unlock return the new count.
+    // The lock count keeps the module loaded: one for each live object, each reference to a class object and
+    // each LockServer(TRUE). May be called from any thread; Lock and Unlock return the new count.
     virtual LONG Lock() noexcept { return ++m_locks; }
     virtual LONG Unlock() noexcept { return --m_locks; }
     virtual LONG GetLockCount() const noexcept { return m_locks; }

@@ -5,6 +5,7 @@
 #include <ocidl.h>
 
 #include <array>
+#include <atomic>
 
 #include "tests/component/c_host.h"
 #include "tests/support/loaded_module.h"
@@ -154,34 +155,94 @@ TEST_F(ComContract, TheModuleStaysLoadedWhileAnObjectLives) {
     EXPECT_EQ(m_module.CanUnloadNow(), S_OK);
 }
 
-TEST_F(ComContract, TheModuleStaysLoadedWhileTheServerIsLocked) {
-    const auto factory = m_module.Factory();
+TEST_F(ComContract, TheModuleStaysLoadedWhileTheFactoryIsHeld) {
+    auto first = m_module.Factory();
+    auto second = m_module.Factory();
+    EXPECT_EQ(m_module.CanUnloadNow(), S_FALSE);
+    first.reset();
+    EXPECT_EQ(m_module.CanUnloadNow(), S_FALSE);
+    second.reset();
     EXPECT_EQ(m_module.CanUnloadNow(), S_OK);
-    EXPECT_EQ(factory->LockServer(TRUE), S_OK);
-    EXPECT_EQ(factory->LockServer(TRUE), S_OK);
-    EXPECT_EQ(m_module.CanUnloadNow(), S_FALSE);
-    EXPECT_EQ(factory->LockServer(FALSE), S_OK);
-    EXPECT_EQ(m_module.CanUnloadNow(), S_FALSE);
-    EXPECT_EQ(factory->LockServer(FALSE), S_OK);
+    // What asks in vain holds nothing.
+    void* found = nullptr;
+    EXPECT_EQ(m_module.GetClassObject(__uuidof(PdfPrinterPreferences), __uuidof(IDispatch), &found),
+              E_NOINTERFACE);
     EXPECT_EQ(m_module.CanUnloadNow(), S_OK);
 }
 
+TEST_F(ComContract, TheModuleStaysLoadedWhileTheServerIsLocked) {
+    EXPECT_EQ(m_module.Factory()->LockServer(TRUE), S_OK);
+    EXPECT_EQ(m_module.Factory()->LockServer(TRUE), S_OK);
+    EXPECT_EQ(m_module.CanUnloadNow(), S_FALSE);
+    EXPECT_EQ(m_module.Factory()->LockServer(FALSE), S_OK);
+    EXPECT_EQ(m_module.CanUnloadNow(), S_FALSE);
+    EXPECT_EQ(m_module.Factory()->LockServer(FALSE), S_OK);
+    EXPECT_EQ(m_module.CanUnloadNow(), S_OK);
+}
+
+constexpr int kRounds = 20000;
+
 DWORD WINAPI LockAndUnlock(void* factory) noexcept {
-    for (int round = 0; round < 20000; ++round) {
+    for (int round = 0; round < kRounds; ++round) {
         static_cast<IClassFactory*>(factory)->LockServer(TRUE);
         static_cast<IClassFactory*>(factory)->LockServer(FALSE);
     }
     return 0;
 }
 
-TEST_F(ComContract, LocksFromSeveralThreadsAreNotLost) {
-    const auto factory = m_module.Factory();
+DWORD WINAPI HoldAndLetGo(void* factory) noexcept {
+    for (int round = 0; round < kRounds; ++round) {
+        static_cast<IClassFactory*>(factory)->AddRef();
+        static_cast<IClassFactory*>(factory)->Release();
+    }
+    return 0;
+}
+
+// Some threads that do the same, until they are done.
+void RunOnSeveralThreads(LPTHREAD_START_ROUTINE action, void* parameter) {
     std::array<HANDLE, 4> threads{};
-    for (HANDLE& thread : threads)
-        thread = CreateThread(nullptr, 0, LockAndUnlock, factory.get(), 0, nullptr);
+    for (HANDLE& thread : threads) thread = CreateThread(nullptr, 0, action, parameter, 0, nullptr);
     WaitForMultipleObjects(static_cast<DWORD>(threads.size()), threads.data(), TRUE, INFINITE);
     for (HANDLE thread : threads) CloseHandle(thread);
+}
+
+TEST_F(ComContract, LocksFromSeveralThreadsAreNotLost) {
+    RunOnSeveralThreads(LockAndUnlock, m_module.Factory().get());
     EXPECT_EQ(m_module.CanUnloadNow(), S_OK);
+}
+
+TEST_F(ComContract, ReferencesToTheFactoryFromSeveralThreadsAreNotLost) {
+    auto factory = m_module.Factory();
+    RunOnSeveralThreads(HoldAndLetGo, factory.get());
+    EXPECT_EQ(m_module.CanUnloadNow(), S_FALSE);
+    factory.reset();
+    EXPECT_EQ(m_module.CanUnloadNow(), S_OK);
+}
+
+struct Watch {
+    LoadedModule& module;
+    std::atomic<bool> over = false;
+    std::atomic<bool> lookedUnused = false;
+};
+
+DWORD WINAPI AskWhetherItCanUnload(void* parameter) noexcept {
+    auto& watch = *static_cast<Watch*>(parameter);
+    while (!watch.over)
+        if (watch.module.CanUnloadNow() == S_OK) watch.lookedUnused = true;
+    return 0;
+}
+
+// References come and go at the limit where the first one locks the module and the last one unlocks it.
+TEST_F(ComContract, TheModuleNeverLooksUnusedWhileAnObjectLives) {
+    const auto object = m_module.CreatePreferences();
+    IClassFactory* const factory = m_module.Factory().get();  // a static of the module
+    Watch watch{.module = m_module};
+    HANDLE watcher = CreateThread(nullptr, 0, AskWhetherItCanUnload, &watch, 0, nullptr);
+    RunOnSeveralThreads(HoldAndLetGo, factory);
+    watch.over = true;
+    WaitForSingleObject(watcher, INFINITE);
+    CloseHandle(watcher);
+    EXPECT_FALSE(watch.lookedUnused);
 }
 
 PdfPrinterDialogPage Pages(LONG bits) {

@@ -65,6 +65,30 @@ TEST(Unloading, ComUnloadsTheModuleOnceNothingLives) {
     WipeRegistration();
 }
 
+TEST(Unloading, ComKeepsTheModuleWhileItsClassFactoryIsHeld) {
+    const ComApartment apartment;
+    WipeRegistration();
+    ASSERT_EQ(LoadedModule().RegisterServer(), S_OK);
+    ComPointer<IClassFactory> factory;
+    ASSERT_EQ(CoGetClassObject(__uuidof(PdfPrinterPreferences), CLSCTX_INPROC_SERVER, nullptr,
+                               __uuidof(IClassFactory), factory.PutVoid()),
+              S_OK);
+    CoFreeUnusedLibrariesEx(0, 0);
+    CoFreeUnusedLibrariesEx(0, 0);
+    if (!GetModuleHandleW(L"vmkctrl.dll")) {
+        factory.detach();  // it leads to where the module was
+        FAIL() << "the factory has lost its module";
+    }
+    ComPointer<IPdfPrinterPreferences> object;
+    EXPECT_EQ(factory->CreateInstance(nullptr, __uuidof(IPdfPrinterPreferences), object.PutVoid()), S_OK);
+    object.reset();
+    factory.reset();
+    CoFreeUnusedLibrariesEx(0, 0);
+    CoFreeUnusedLibrariesEx(0, 0);
+    EXPECT_EQ(GetModuleHandleW(L"vmkctrl.dll"), nullptr);
+    WipeRegistration();
+}
+
 // The handles that this process has more after doing something.
 template <typename Action>
 std::size_t HandlesLeftBy(Action action) {
