@@ -91,9 +91,10 @@ HRESULT InvokeArguments::BindOut(VARTYPE type, VARIANT& given, Slot& slot) noexc
         V_I4REF(&slot.value) = V_I4REF(&variable);
         return S_OK;
     }
-    if (&variable == &given || (passed & kReference)) return DISP_E_TYPEMISMATCH;
+    if (passed & kReference) return DISP_E_TYPEMISMATCH;
     V_I4REF(&slot.value) = &slot.number;
-    slot.variable = &variable;
+    // A value leads to no variable of the host's, so the number has nowhere to go.
+    if (&variable != &given) slot.variable = &variable;
     return S_OK;
 }
 

@@ -11,8 +11,9 @@ namespace vmk {
 // The arguments of one automation call, in the types and the order of the method's parameters.
 //
 // Not every implementation of the automation library accepts what hosts pass: script hosts hand in a variable
-// of their own for an [out] number, as VT_BYREF|VT_VARIANT. Such a parameter gets a number of this object's
-// instead, which WriteBack puts into the variable.
+// of their own for an [out] number, as VT_BYREF|VT_VARIANT, or, where the language has no references, a
+// value. Such a parameter gets a number of this object's instead, which WriteBack puts into the variable, if
+// there is one.
 class InvokeArguments {
   public:
     InvokeArguments() noexcept = default;
@@ -26,8 +27,9 @@ class InvokeArguments {
     // DISP_E_BADPARAMCOUNT    too few or too many
     // DISP_E_PARAMNOTFOUND    named for no parameter, or for one that has an argument already
     // DISP_E_PARAMNOTOPTIONAL left out by the host's word for that
-    // DISP_E_TYPEMISMATCH     of a type that the parameter's cannot be made from; null where there must be a
-    //                         reference
+    // DISP_E_TYPEMISMATCH     of a type that the parameter's cannot be made from; a reference that is null,
+    // or
+    //                         for an [out] parameter one to another type
     // DISP_E_OVERFLOW         a number out of range
     HRESULT Bind(const FUNCDESC& method, const DISPPARAMS& given, LCID locale, UINT* badArgument);
 

@@ -37,9 +37,9 @@ class ScriptDialog : public testing::Test {
     }
     void TearDown() override { WipeRegistration(); }
 
-    std::string RunAndPress(WORD button) const {
+    std::string RunAndPress(WORD button, const std::wstring& script = L"edit.vbs") const {
         HANDLE user = CreateThread(nullptr, 0, UseDialog, MAKEINTRESOURCEW(button), 0, nullptr);
-        std::string printed = RunScript(L"edit.vbs", L"\"" + m_scratch.SubKey() + L"\"");
+        std::string printed = RunScript(script, L"\"" + m_scratch.SubKey() + L"\"");
         WaitForSingleObject(user, INFINITE);
         CloseHandle(user);
         return printed;
@@ -60,6 +60,20 @@ TEST_F(ScriptDialog, CancelAnswers2AndNothingIsStored) {
     EXPECT_EQ(RunAndPress(IDCANCEL), "2 Long\ndone\n");
     EXPECT_EQ(m_scratch.Number("Watermarks.Print"), 0);
     EXPECT_EQ(m_scratch.Number("Paper.Nup"), std::nullopt);
+}
+
+// JScript has no references to its variables, so the script stores in either case.
+
+TEST_F(ScriptDialog, JScriptOpensTheDialogAndItsVariableKeepsItsValue) {
+    m_scratch.SetNumber("Watermarks.Print", 0);
+    EXPECT_EQ(RunAndPress(IDOK, L"edit.js"), "before\ndone\n");
+    EXPECT_EQ(m_scratch.Number("Watermarks.Print"), 1);
+}
+
+TEST_F(ScriptDialog, WhatJScriptStoresAfterCancelIsWhatItHasLoaded) {
+    m_scratch.SetNumber("Watermarks.Print", 0);
+    EXPECT_EQ(RunAndPress(IDCANCEL, L"edit.js"), "before\ndone\n");
+    EXPECT_EQ(m_scratch.Number("Watermarks.Print"), 0);
 }
 
 }  // namespace
