@@ -13,10 +13,15 @@ namespace {
 
 constexpr wchar_t kProduct[] = L"vmkctrl.PdfPrinterPreferences";
 
+// Empty when it cannot be read.
 std::wstring CurrentFolder() {
-    std::wstring folder(GetCurrentDirectoryW(0, nullptr), L'\0');
-    folder.resize(GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data()));
-    return folder;
+    std::wstring folder(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data());
+        const bool fits = length < folder.size();
+        folder.resize(length);
+        if (fits) return folder;
+    }
 }
 
 // The folder of this module, with its last backslash.
@@ -25,15 +30,22 @@ std::wstring ModuleFolder() {
     return path.substr(0, path.rfind(L'\\') + 1);
 }
 
-// Makes the module's folder the process's current one for a while.
+// Makes the module's folder the process's current one for a moment, for one thread after the other: each
+// has to find the host's folder, and not the one that another thread has switched to.
 class InModuleFolder {
   public:
-    InModuleFolder() : m_previous(CurrentFolder()) { SetCurrentDirectoryW(ModuleFolder().c_str()); }
-    ~InModuleFolder() { SetCurrentDirectoryW(m_previous.c_str()); }
+    InModuleFolder() : m_lock(Module::Get().Guard()), m_previous(CurrentFolder()) {
+        // Nobody leaves without knowing the way back.
+        if (!m_previous.empty()) SetCurrentDirectoryW(ModuleFolder().c_str());
+    }
+    ~InModuleFolder() {
+        if (!m_previous.empty()) SetCurrentDirectoryW(m_previous.c_str());
+    }
     InModuleFolder(const InModuleFolder&) = delete;
     InModuleFolder& operator=(const InModuleFolder&) = delete;
 
   private:
+    CriticalSection::Lock m_lock;
     std::wstring m_previous;
 };
 

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "framework/critical_section.h"
+
 namespace vmk {
 
 class Window;
@@ -11,8 +13,9 @@ class Window;
 // time.
 class CreationList {
   public:
-    CreationList() noexcept { InitializeCriticalSection(&m_guard); }
-    ~CreationList() { DeleteCriticalSection(&m_guard); }
+    // The guard lives longer than the list and may guard other things, too.
+    explicit CreationList(CriticalSection& guard) noexcept : m_guard(guard) {}
+    ~CreationList() = default;
     CreationList(const CreationList&) = delete;
     CreationList& operator=(const CreationList&) = delete;
 
@@ -39,7 +42,7 @@ class CreationList {
   private:
     void Withdraw(const Announcement& announcement) noexcept;
 
-    CRITICAL_SECTION m_guard{};
+    CriticalSection& m_guard;
     Announcement* m_first = nullptr;
 };
 

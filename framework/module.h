@@ -6,12 +6,13 @@
 #include <string>
 
 #include "framework/creation_list.h"
+#include "framework/critical_section.h"
 
 namespace vmk {
 
-// What belongs to the loaded module as a whole: its instance handle, its lock count and the list of objects
-// whose windows are being created. Each binary defines exactly one, as a static; it dies when the binary is
-// unloaded.
+// What belongs to the loaded module as a whole: its instance handle, its lock count, its one critical section
+// and the list of objects whose windows are being created. Each binary defines exactly one, as a static; it
+// dies when the binary is unloaded.
 class Module {
   public:
     Module() noexcept;
@@ -34,6 +35,9 @@ class Module {
     virtual LONG Unlock() noexcept { return --m_locks; }
     virtual LONG GetLockCount() const noexcept { return m_locks; }
 
+    // Guards what the module's threads share. To be held for moments only, since all of them wait for it.
+    CriticalSection& Guard() noexcept { return m_guard; }
+
     CreationList& Creations() noexcept { return m_creations; }
 
   private:
@@ -41,7 +45,8 @@ class Module {
 
     HINSTANCE m_instance;
     std::atomic<LONG> m_locks = 0;
-    CreationList m_creations;
+    CriticalSection m_guard;
+    CreationList m_creations{m_guard};
 };
 
 }  // namespace vmk

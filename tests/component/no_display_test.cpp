@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "tests/component/class_registry.h"
 #include "tests/component/script_host.h"
 #include "tests/support/loaded_module.h"
@@ -32,6 +34,39 @@ TEST_F(NoDisplay, TheDialogCannotBeCreated) {
         EXPECT_EQ(object->OpenDialog(0, &exitCode), S_OK);
         EXPECT_EQ(exitCode, -1);
     }
+}
+
+std::wstring CurrentFolder() {
+    std::array<wchar_t, MAX_PATH> folder{};
+    GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data());
+    return folder.data();
+}
+
+DWORD WINAPI OpenOften(void* parameter) {
+    const ComApartment apartment;
+    const auto object = static_cast<const LoadedModule*>(parameter)->CreatePreferences();
+    LONG exitCode = 77;
+    for (int time = 0; time < 200; ++time) object->OpenDialog(0, &exitCode);
+    return static_cast<DWORD>(exitCode);
+}
+
+// Each opening has the module's folder as the current one for a moment.
+TEST_F(NoDisplay, OpeningOnManyThreadsAtOnceLeavesTheCurrentFolderAsItWas) {
+    const LoadedModule module;
+    SetCurrentDirectoryW(L"C:\\");
+    const std::wstring before = CurrentFolder();
+    std::array<HANDLE, 8> threads{};
+    for (HANDLE& thread : threads)
+        thread = CreateThread(nullptr, 0, OpenOften, const_cast<LoadedModule*>(&module), 0, nullptr);
+    WaitForMultipleObjects(static_cast<DWORD>(threads.size()), threads.data(), TRUE, INFINITE);
+    for (HANDLE thread : threads) {
+        DWORD exitCode = 0;
+        GetExitCodeThread(thread, &exitCode);
+        EXPECT_EQ(exitCode, static_cast<DWORD>(-1));
+        CloseHandle(thread);
+    }
+    EXPECT_EQ(CurrentFolder(), before);
+    SetCurrentDirectoryW(TestFolder().c_str());
 }
 
 TEST_F(NoDisplay, ScriptsGetTheExitCodeInTheirVariable) {

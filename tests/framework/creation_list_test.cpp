@@ -33,7 +33,8 @@ Window* TakeOnAnotherThread(CreationList& list) {
 }
 
 TEST(ListOfCreations, HandsOutEachObjectOnce) {
-    CreationList list;
+    CriticalSection guard;
+    CreationList list(guard);
     EXPECT_EQ(list.Take(), nullptr);
     Object object;
     const Announcement announcement(list, object);
@@ -42,7 +43,8 @@ TEST(ListOfCreations, HandsOutEachObjectOnce) {
 }
 
 TEST(ListOfCreations, HandsOutTheObjectAnnouncedLastFirst) {
-    CreationList list;
+    CriticalSection guard;
+    CreationList list(guard);
     Object outer;
     Object inner;
     const Announcement first(list, outer);
@@ -52,7 +54,8 @@ TEST(ListOfCreations, HandsOutTheObjectAnnouncedLastFirst) {
 }
 
 TEST(ListOfCreations, ForgetsAnObjectWhoseAnnouncementEnds) {
-    CreationList list;
+    CriticalSection guard;
+    CreationList list(guard);
     Object outer;
     const Announcement first(list, outer);
     {
@@ -63,7 +66,8 @@ TEST(ListOfCreations, ForgetsAnObjectWhoseAnnouncementEnds) {
 }
 
 TEST(ListOfCreations, KeepsThreadsApart) {
-    CreationList list;
+    CriticalSection guard;
+    CreationList list(guard);
     Object object;
     const Announcement announcement(list, object);
     EXPECT_EQ(TakeOnAnotherThread(list), nullptr);
