@@ -27,7 +27,9 @@ using SearchHandle = std::unique_ptr<void, HandleCloser<FindClose>>;
 
 /// The whole file; empty when it cannot be had.
 std::vector<std::byte> ReadBytes(const std::string& path) try {
-    HANDLE handle = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+    // Somebody who writes translations has them open while trying them out.
+    constexpr DWORD kWithEverybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    HANDLE handle = CreateFileA(path.c_str(), GENERIC_READ, kWithEverybody, nullptr, OPEN_EXISTING,
                                 FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
     if (handle == INVALID_HANDLE_VALUE) return {};
     const FileHandle file(handle);

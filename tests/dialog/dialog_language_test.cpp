@@ -133,6 +133,63 @@ TEST(DialogLanguage, AFolderThatIsTooLongToHoldAFileStaysEnglish) {
     }
 }
 
+std::string NarrowPath(const LanguageFolder& folder) {
+    std::string path;
+    for (const wchar_t character : folder.Path()) path += static_cast<char>(character);
+    return path;
+}
+
+// An environment variable of this process, which is the dialog's host.
+class EnvironmentVariable {
+  public:
+    explicit EnvironmentVariable(const std::string& value) { SetEnvironmentVariableA(kName, value.c_str()); }
+    ~EnvironmentVariable() { SetEnvironmentVariableA(kName, nullptr); }
+    EnvironmentVariable(const EnvironmentVariable&) = delete;
+    EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
+
+  private:
+    static constexpr char kName[] = "VmkTestFolder";
+};
+
+TEST(DialogLanguage, VariablesInAnExpandableFolderAreReplaced) {
+    const LanguageFolder folder(kEntries);
+    const EnvironmentVariable variable(NarrowPath(folder));
+    const ConfiguredLanguageFolder configured("%VmkTestFolder%", REG_EXPAND_SZ);
+    EXPECT_EQ(CaptionIn(kGerman), L"Druckeinstellungen");
+}
+
+TEST(DialogLanguage, VariablesInAPlainFolderStandForThemselves) {
+    const LanguageFolder folder(kEntries);
+    const EnvironmentVariable variable(NarrowPath(folder));
+    const ConfiguredLanguageFolder configured("%VmkTestFolder%");
+    EXPECT_EQ(CaptionIn(kGerman), kEnglishCaption);
+}
+
+TEST(DialogLanguage, AnExpandableFolderWithoutVariablesIsTakenAsItIs) {
+    const LanguageFolder folder(kEntries);
+    const ConfiguredLanguageFolder configured(NarrowPath(folder), REG_EXPAND_SZ);
+    EXPECT_EQ(CaptionIn(kGerman), L"Druckeinstellungen");
+}
+
+TEST(DialogLanguage, AFolderThatBecomesTooLongWithItsVariablesStaysEnglish) {
+    const LanguageFolder folder(kEntries);
+    for (const size_t length : {259U, 260U, 261U, 1000U, 20000U}) {
+        const EnvironmentVariable variable(std::string(length, 'x'));
+        const ConfiguredLanguageFolder configured("%VmkTestFolder%", REG_EXPAND_SZ);
+        EXPECT_EQ(CaptionIn(kGerman), kEnglishCaption) << length;
+    }
+}
+
+TEST(DialogLanguage, AFileThatAnotherProgramHoldsOpenForWritingIsUsedAllTheSame) {
+    const LanguageFolder folder(kEntries);
+    HANDLE held = CreateFileW((folder.Path() + L"\\language.vlf").c_str(), GENERIC_WRITE | DELETE,
+                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                              FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(CaptionIn(kGerman), L"Druckeinstellungen");
+    CloseHandle(held);
+}
+
 TEST(DialogLanguage, FilesThatCannotBeReadAreSkipped) {
     const LanguageFolder folder(kEntries);
     CreateDirectoryW((folder.Path() + L"\\a.vlf").c_str(), nullptr);

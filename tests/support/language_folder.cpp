@@ -1,7 +1,5 @@
 #include "tests/support/language_folder.h"
 
-#include <windows.h>
-
 #include <atomic>
 #include <cstdio>
 #include <fstream>
@@ -53,7 +51,7 @@ std::wstring Quoted(const std::wstring& text) {
 
 }  // namespace
 
-ConfiguredLanguageFolder::ConfiguredLanguageFolder(std::string_view ansiPath) {
+ConfiguredLanguageFolder::ConfiguredLanguageFolder(std::string_view ansiPath, DWORD type) {
     const std::string path(ansiPath);
     DWORD size = 0;
     if (RegGetValueA(HKEY_LOCAL_MACHINE, kRegistryRoot, kValue, RRF_RT_REG_SZ, nullptr, nullptr, &size) ==
@@ -63,7 +61,7 @@ ConfiguredLanguageFolder::ConfiguredLanguageFolder(std::string_view ansiPath) {
         RegGetValueA(HKEY_LOCAL_MACHINE, kRegistryRoot, kValue, RRF_RT_REG_SZ, nullptr, m_previous.data(),
                      &size);
     }
-    RegSetKeyValueA(HKEY_LOCAL_MACHINE, kRegistryRoot, kValue, REG_SZ, path.c_str(),
+    RegSetKeyValueA(HKEY_LOCAL_MACHINE, kRegistryRoot, kValue, type, path.c_str(),
                     static_cast<DWORD>(path.size() + 1));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <windows.h>
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -12,7 +14,8 @@ namespace vmk::test {
 // was configured before comes back afterwards.
 class ConfiguredLanguageFolder {
   public:
-    explicit ConfiguredLanguageFolder(std::string_view ansiPath);
+    // `type`: REG_SZ or REG_EXPAND_SZ.
+    explicit ConfiguredLanguageFolder(std::string_view ansiPath, DWORD type = REG_SZ);
     ~ConfiguredLanguageFolder();
     ConfiguredLanguageFolder(const ConfiguredLanguageFolder&) = delete;
     ConfiguredLanguageFolder& operator=(const ConfiguredLanguageFolder&) = delete;
