@@ -35,12 +35,19 @@ int Show(const CommandLine& line) {
     return kExitDone;
 }
 
+// The groups that resetting changes: two of them have no settings, and reset one of another group.
+PageBits GroupsChangedByResetOf(PageBits groups) {
+    if (groups & CustomForms) groups |= General;
+    if (groups & Profiles) groups |= Optimization;
+    return groups;
+}
+
 int Reset(const CommandLine& line) {
     const PageBits groups = line.pages.value_or(0);
     PreferencesClient preferences(SourceOf(line));
     preferences.Load(line.key);
     preferences.UseDefaults(groups);
-    preferences.Store(groups, line.key);
+    preferences.Store(GroupsChangedByResetOf(groups), line.key);
     return kExitDone;
 }
 

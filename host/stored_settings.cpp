@@ -53,8 +53,9 @@ LSTATUS OpenSettingsKey(const std::wstring& subKey, UniqueKey& key) {
     return RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, key.put());
 }
 
+// Like the registry, and so the component, none of this tells letters of different case apart.
 bool IsPassword(std::string_view name) {
-    return name.ends_with("Password") || name.ends_with("Pwd");
+    return EndsWithIgnoringCase(name, "Password") || EndsWithIgnoringCase(name, "Pwd");
 }
 
 std::string Utf8FromAnsi(std::string_view text) {
@@ -160,7 +161,7 @@ std::optional<std::vector<StoredSetting>> ReadStoredSettings(const std::wstring&
         if (!setting) break;
         settings.push_back(std::move(*setting));
     }
-    std::ranges::sort(settings, {}, &StoredSetting::name);
+    std::ranges::sort(settings, IsBeforeIgnoringCase, &StoredSetting::name);
     return settings;
 }
 
@@ -177,10 +178,7 @@ std::string NameOfSettingsKey(const std::wstring& subKey) {
 
 PageBits GroupOfSetting(std::string_view name) {
     for (const GroupPrefix& entry : kPrefixes) {
-        // The registry does not tell letters of different case apart, so neither does the component.
-        if (EqualsIgnoringCase(name.substr(0, entry.prefix.size()), entry.prefix)) {
-            return static_cast<PageBits>(entry.page);
-        }
+        if (StartsWithIgnoringCase(name, entry.prefix)) return static_cast<PageBits>(entry.page);
     }
     return 0;
 }

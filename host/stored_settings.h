@@ -15,8 +15,9 @@ struct StoredSetting {
     std::string display;  // UTF-8: a decimal number, or a text in quotes
 };
 
-// What the key holds at this moment, sorted by name; nothing when there is no such key. Throws Failure when
-// the key is there and cannot be read. An empty sub-key is the root key of the settings.
+// What the key holds at this moment, sorted by name without regard to case; nothing when there is no such
+// key. Throws Failure when the key is there and cannot be read. An empty sub-key is the root key of the
+// settings.
 std::optional<std::vector<StoredSetting>> ReadStoredSettings(const std::wstring& subKey);
 
 // Whether the key exists and can be read.

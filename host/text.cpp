@@ -52,4 +52,16 @@ bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
     return std::ranges::equal(left, right, {}, Lower, Lower);
 }
 
+bool StartsWithIgnoringCase(std::string_view name, std::string_view start) {
+    return EqualsIgnoringCase(name.substr(0, start.size()), start);
+}
+
+bool EndsWithIgnoringCase(std::string_view name, std::string_view end) {
+    return name.size() >= end.size() && EqualsIgnoringCase(name.substr(name.size() - end.size()), end);
+}
+
+bool IsBeforeIgnoringCase(std::string_view left, std::string_view right) {
+    return std::ranges::lexicographical_compare(left, right, {}, Lower, Lower);
+}
+
 }  // namespace vmk

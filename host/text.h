@@ -12,7 +12,10 @@ std::wstring WideFromUtf8(std::string_view text);
 std::string AnsiFromWide(std::wstring_view text);
 std::wstring WideFromAnsi(std::string_view text);
 
-// Whether two names are equal when the case of the letters A to Z does not count.
+// Comparisons of names in which the case of the letters A to Z does not count.
 bool EqualsIgnoringCase(std::string_view left, std::string_view right);
+bool StartsWithIgnoringCase(std::string_view name, std::string_view start);
+bool EndsWithIgnoringCase(std::string_view name, std::string_view end);
+bool IsBeforeIgnoringCase(std::string_view left, std::string_view right);
 
 }  // namespace vmk

@@ -113,6 +113,29 @@ TEST(ReadStoredSettings, NeverGivesPasswordsAway) {
     }
 }
 
+// The registry keeps the letters as they were first written and finds a name by any.
+TEST(ReadStoredSettings, NeverGivesPasswordsAwayWhateverTheCaseOfTheirNames) {
+    for (const char* const name : {"security.userpwd", "SECURITY.OWNERPWD", "Security.digisig.pfxPassWord",
+                                   "email.smtp.password", "OVERLAY.PASSWORD"}) {
+        const test::ScratchKey key;
+        key.SetText(name, L"secret");
+        EXPECT_EQ(DisplayOf(key), "********") << name;
+    }
+}
+
+TEST(ReadStoredSettings, SortsWithoutRegardToCase) {
+    const test::ScratchKey key;
+    for (const char* const name : {"paper.nupOrder", "Info.Use", "links.Analize", "Paper.Nup"})
+        key.SetNumber(name, 1);
+    const auto settings = ReadStoredSettings(key.SubKey());
+    ASSERT_TRUE(settings.has_value());
+    ASSERT_EQ(settings->size(), 4U);
+    EXPECT_EQ((*settings)[0].name, "Info.Use");
+    EXPECT_EQ((*settings)[1].name, "links.Analize");
+    EXPECT_EQ((*settings)[2].name, "Paper.Nup");
+    EXPECT_EQ((*settings)[3].name, "paper.nupOrder");
+}
+
 TEST(ReadStoredSettings, ShowsThatAPasswordIsEmpty) {
     const test::ScratchKey key;
     key.SetText("Overlay.Password", L"");

@@ -77,6 +77,12 @@ TEST(VmkprefsShow, PrintsWhatIsStoredByGroup) {
     EXPECT_EQ(run.error, "");
 }
 
+TEST(VmkprefsShow, HidesPasswordsWhateverTheCaseOfTheirNames) {
+    const ScratchKey key;
+    key.SetText("security.userpwd", L"secret");
+    EXPECT_EQ(RunVmkprefs(WithKey(L"show", key)).output, "[Security]\nsecurity.userpwd = ********\n");
+}
+
 TEST(VmkprefsReset, StoresTheDefaultsOfTheGroupsAndLeavesTheOthersAlone) {
     const ScratchKey key;
     key.SetNumber("Paper.Nup", 4);
@@ -94,6 +100,33 @@ TEST(VmkprefsReset, KeepsWhatTheComponentDoesNotReset) {
     key.SetNumber("Optimization.BlendMode", 7);
     EXPECT_EQ(RunVmkprefs(WithKey(L"reset", key) + L"Optimization").status, 0);
     EXPECT_EQ(key.Number("Optimization.BlendMode"), 7);
+}
+
+// These two have no settings of their own: what they reset belongs to another group, which is stored then.
+
+TEST(VmkprefsReset, OfCustomFormsStoresTheGeneralGroup) {
+    const ScratchKey key;
+    key.SetNumber("General.PDFSpec", 7);
+    key.SetNumber("General.PageLayout", 2);
+    key.SetNumber("Paper.Nup", 4);
+    const ProgramRun run = RunVmkprefs(WithKey(L"reset", key) + L"CustomForms");
+    EXPECT_EQ(run.status, 0) << run.error;
+    EXPECT_EQ(key.Number("General.PDFSpec"), 4);
+    EXPECT_EQ(key.Number("General.PageLayout"), 2);
+    EXPECT_EQ(key.Number("Paper.Nup"), 4);
+    EXPECT_EQ(key.Number("Optimization.BlendMode"), std::nullopt);
+}
+
+TEST(VmkprefsReset, OfProfilesStoresTheOptimizationGroup) {
+    const ScratchKey key;
+    key.SetNumber("Optimization.BlendMode", 7);
+    key.SetNumber("Optimization.NoTransparency", 1);
+    const ProgramRun run = RunVmkprefs(WithKey(L"reset", key) + L"profiles Watermarks");
+    EXPECT_EQ(run.status, 0) << run.error;
+    EXPECT_EQ(key.Number("Optimization.BlendMode"), 4);
+    EXPECT_EQ(key.Number("Optimization.NoTransparency"), 1);
+    EXPECT_EQ(key.Number("Watermarks.Print"), 0);
+    EXPECT_EQ(key.Number("General.PDFSpec"), std::nullopt);
 }
 
 TEST(VmkprefsReset, FillsAKeyThatWasNotThere) {
