@@ -40,8 +40,8 @@ class PreferencesEditor {
     void Load(PageSet groups, const wchar_t* subKey);
     void Store(PageSet groups, const wchar_t* subKey) const;
 
-    // Runs the modal dialog on the record: IDOK, IDCANCEL, or kNoDialog when it cannot be created, with the
-    // thread's last error set, and when it is open already.
+    // Runs the modal dialog on the record: IDOK, IDCANCEL, what the host ended it with, or kNoDialog when it
+    // cannot be created, with the thread's last error set, and when it is open already.
     LONG RunDialog(LANGID language) noexcept;
 
   private:

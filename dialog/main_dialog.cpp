@@ -2,6 +2,7 @@
 
 #include <new>
 #include <string>
+#include <utility>
 
 #include "dialog/language_folder.h"
 #include "framework/module.h"
@@ -55,6 +56,11 @@ Translator CreateTranslator() {
     return Translator{};
 }
 
+bool ThreadIsToEnd() noexcept {
+    MSG quit;
+    return PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != FALSE;
+}
+
 }  // namespace
 
 CDlgMain::CDlgMain(PrinterSettings& settings, const PreferencesDialogOptions& options)
@@ -62,8 +68,19 @@ CDlgMain::CDlgMain(PrinterSettings& settings, const PreferencesDialogOptions& op
 
 INT_PTR CDlgMain::Run() {
     const VisualStyle visualStyle;
-    if (DoModal(IDD_MAIN, GetActiveWindow()) == kNotCreated) return kNotCreated;
-    return m_accepted ? IDOK : IDCANCEL;
+    const INT_PTR ended = DoModal(IDD_MAIN, GetActiveWindow());
+    if (!m_initialised) return ended;
+    return m_button ? *m_button : AnswerForHost(ended);
+}
+
+// The system answers 0 or -1 for a dialog whose window is destroyed under it, and may answer anything for one
+// that has to close because the thread is to end: none of these is the host's word.
+INT_PTR CDlgMain::AnswerForHost(INT_PTR ended) noexcept {
+    if (ended == 0 || ended == kNotCreated || ThreadIsToEnd()) return IDCANCEL;
+    if (ended != IDOK || !m_unstored) return ended;
+    if (!m_ifOk) return IDCANCEL;
+    std::swap(m_settings, *m_ifOk);
+    return IDOK;
 }
 
 std::optional<LRESULT> CDlgMain::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM /*lParam*/) {
@@ -71,8 +88,8 @@ std::optional<LRESULT> CDlgMain::ProcessWindowMessage(HWND hwnd, UINT msg, WPARA
         OnInitDialog();
         return FALSE;
     }
-    if (msg == WM_DESTROY && !m_accepted) {
-        // Cancelled, destroyed by the host, or closed because the host's thread is to end.
+    if (msg == WM_DESTROY && m_button != IDOK) {
+        if (!m_button) HoldBackChanges();
         DisableApply();
         return std::nullopt;
     }
@@ -80,12 +97,13 @@ std::optional<LRESULT> CDlgMain::ProcessWindowMessage(HWND hwnd, UINT msg, WPARA
     if (msg != WM_COMMAND || command.code != 0) return std::nullopt;
     switch (command.id) {
         case IDOK:
-            m_accepted = true;
+            m_button = IDOK;
             EndDialog(hwnd, IDOK);
             return 0;
         case IDCANCEL:
             // Pages store while they are destroyed only if Apply is enabled.
             DisableApply();
+            m_button = IDCANCEL;
             EndDialog(hwnd, IDCANCEL);
             return 0;
         case IDC_MAIN_APPLY:
@@ -110,6 +128,22 @@ void CDlgMain::OnInitDialog() {
     if (!m_navigator.CreateNavigator(env, m_options.pages, Handle())) throw std::bad_alloc();
     // Pages that show their values may have enabled it, though nothing has changed yet.
     DisableApply();
+    m_initialised = true;
+}
+
+// The host has ended the dialog, destroyed it, or told its thread to end: which of these, and with what
+// result, is known only when the windows are gone. So the pages store while they can, and the record stays as
+// it is for now.
+void CDlgMain::HoldBackChanges() noexcept {
+    m_unstored = m_initialised && IsWindowEnabled(m_applyButton);
+    if (!m_unstored) return;
+    try {
+        m_ifOk = m_settings;
+    } catch (const std::bad_alloc&) {
+        return;
+    }
+    m_navigator.ApplyPages();
+    std::swap(m_settings, *m_ifOk);
 }
 
 void CDlgMain::OpenLanguage() {

@@ -25,12 +25,17 @@ class CDlgMain final : public Dialog {
     void OnInitDialog();
     void OpenLanguage();
     void DisableApply() const { EnableWindow(m_applyButton, FALSE); }
+    void HoldBackChanges() noexcept;
+    INT_PTR AnswerForHost(INT_PTR ended) noexcept;
 
     PrinterSettings& m_settings;
     const PreferencesDialogOptions& m_options;
     Translator m_translator;
     HWND m_applyButton = nullptr;
-    bool m_accepted = false;  // by OK; ended in any other way, the dialog is cancelled
+    bool m_initialised = false;
+    std::optional<INT_PTR> m_button;        // the one that has closed the dialog
+    std::optional<PrinterSettings> m_ifOk;  // what the pages store if the host turns out to have said OK
+    bool m_unstored = false;  // the host has ended the dialog while there was something to store
     CDlgSettings m_navigator;
 };
 

@@ -23,7 +23,9 @@ VisualStyle::VisualStyle() noexcept : m_context(CreateContext()) {
 }
 
 VisualStyle::~VisualStyle() {
-    if (m_active) DeactivateActCtx(0, m_cookie);
+    // A context that somebody left on top of this one goes along with it; without the flag it is an
+    // exception.
+    if (m_active) DeactivateActCtx(DEACTIVATE_ACTCTX_FLAG_FORCE_EARLY_DEACTIVATION, m_cookie);
     if (m_context != INVALID_HANDLE_VALUE) ReleaseActCtx(m_context);
 }
 

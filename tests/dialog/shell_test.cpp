@@ -7,7 +7,6 @@
 #include "resources/ids/watermarks.h"
 #include "tests/support/live_dialog.h"
 #include "tests/support/wait.h"
-#include "tests/support/window_search.h"
 
 namespace vmk::test {
 namespace {
@@ -187,43 +186,6 @@ TEST(MainDialog, TwoThreadsCanHaveTheirDialogsOpenAtOnce) {
     EXPECT_EQ(first.Ok(), 1);
     EXPECT_EQ(first.Record().Watermarks.Print, 1);
     EXPECT_EQ(second.Record().Watermarks.Print, 0);
-}
-
-TEST(MainDialog, DestroyedByTheHostItAnswers2AndStoresNothing) {
-    LiveDialog dialog({.pages = page_bit::kWatermarks});
-    dialog.VisiblePage().Click(IDC_WATERMARKS_PRINT);
-    dialog.Call([&](IPdfPrinterPreferences&) {
-        DestroyWindow(dialog.Main().Handle());
-        PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);  // the dialog's loop looks up at a message
-    });
-    EXPECT_EQ(dialog.WaitForResult(), 2);
-    EXPECT_EQ(dialog.Record().Watermarks.Print, 0);
-}
-
-TEST(MainDialog, ClosedByTheEndOfTheHostsMessageLoopItAnswers2AndStoresNothing) {
-    const ComApartment apartment;
-    const LoadedModule module;
-    const auto object = module.CreatePreferences();
-    object->EnablePage(Watermarks);
-    const UINT_PTR timer = SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR id, DWORD) {
-        HWND dialog = GetActiveWindow();
-        if (!dialog) return;
-        KillTimer(nullptr, id);
-        SendMessageW(FindVisibleControl(dialog, IDC_WATERMARKS_PRINT), BM_CLICK, 0, 0);
-        EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog, IDC_MAIN_APPLY)));
-        PostQuitMessage(7);
-    });
-    LONG answer = 0;
-    EXPECT_EQ(object->OpenDialog(0x0409, &answer), S_OK);
-    KillTimer(nullptr, timer);
-    EXPECT_EQ(answer, 2);
-
-    MSG quit{};
-    EXPECT_EQ(GetMessageW(&quit, nullptr, WM_QUIT, WM_QUIT), 0);
-    EXPECT_EQ(quit.wParam, 7U);
-    const ScratchSettings settings;
-    object->StoreInRegistry(Watermarks, AutomationString(settings.SubKey()).get());
-    EXPECT_EQ(settings.Load().Watermarks.Print, 0);
 }
 
 TEST(MainDialog, ApplyThenCancelKeepsTheAppliedValueOnly) {

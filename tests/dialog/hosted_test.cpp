@@ -1,0 +1,184 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "resources/ids/email.h"
+#include "resources/ids/main.h"
+#include "resources/ids/watermarks.h"
+#include "tests/support/live_dialog.h"
+#include "tests/support/window_search.h"
+
+// What a host may do while the dialog is open on its thread, and what it finds afterwards.
+
+namespace vmk::test {
+namespace {
+
+// What a host does that ends the modal loop by itself.
+void EndAsTheHost(const LiveDialog& dialog, INT_PTR result) {
+    dialog.Call([&](IPdfPrinterPreferences&) { EndDialog(dialog.Main().Handle(), result); });
+}
+
+TEST(HostedDialog, EndedByTheHostWithOkItAnswers1AndStores) {
+    LiveDialog dialog({.pages = page_bit::kWatermarks | page_bit::kBookmarks});
+    dialog.Page(L"Watermarks").Click(IDC_WATERMARKS_PRINT);
+    EndAsTheHost(dialog, IDOK);
+    EXPECT_EQ(dialog.WaitForResult(), 1);
+    EXPECT_EQ(dialog.Record().Watermarks.Print, 1);
+}
+
+TEST(HostedDialog, EndedByTheHostWithOkAndNothingChangedItStoresNothing) {
+    const ScratchSettings settings;
+    settings.SetNumber("Watermarks.Print", 5);
+    LiveDialog dialog({.pages = page_bit::kWatermarks, .settings = &settings});
+    EndAsTheHost(dialog, IDOK);
+    EXPECT_EQ(dialog.WaitForResult(), 1);
+    EXPECT_EQ(dialog.Record().Watermarks.Print, 5);
+}
+
+TEST(HostedDialog, EndedByTheHostWithAnotherResultItAnswersThatAndStoresNothing) {
+    for (const int result : {2, 7, 1000000, -5}) {
+        LiveDialog dialog({.pages = page_bit::kWatermarks});
+        dialog.Page(L"Watermarks").Click(IDC_WATERMARKS_PRINT);
+        EndAsTheHost(dialog, result);
+        EXPECT_EQ(dialog.WaitForResult(), result);
+        EXPECT_EQ(dialog.Record().Watermarks.Print, 0) << result;
+    }
+}
+
+// Both mean something else: that there has been no dialog, and that its window is gone.
+TEST(HostedDialog, EndedByTheHostWithMinusOneOrZeroItAnswers2AndStoresNothing) {
+    for (const int result : {-1, 0}) {
+        LiveDialog dialog({.pages = page_bit::kWatermarks});
+        dialog.Page(L"Watermarks").Click(IDC_WATERMARKS_PRINT);
+        EndAsTheHost(dialog, result);
+        EXPECT_EQ(dialog.WaitForResult(), 2) << result;
+        EXPECT_EQ(dialog.Record().Watermarks.Print, 0) << result;
+    }
+}
+
+TEST(HostedDialog, EndedByTheHostItKeepsWhatWasApplied) {
+    LiveDialog dialog({.pages = page_bit::kWatermarks});
+    dialog.VisiblePage().Click(IDC_WATERMARKS_PRINT);
+    dialog.Apply();
+    dialog.VisiblePage().Click(IDC_WATERMARKS_PRINT);
+    EndAsTheHost(dialog, 7);
+    EXPECT_EQ(dialog.WaitForResult(), 7);
+    EXPECT_EQ(dialog.Record().Watermarks.Print, 1);
+}
+
+// The e-mail page stores in every case, as it does after Cancel.
+TEST(HostedDialog, EndedByTheHostWithAnotherResultTheEmailPageStoresAllTheSame) {
+    LiveDialog dialog({.pages = page_bit::kEmail | page_bit::kWatermarks});
+    const LiveWindow email = dialog.Page(L"e-Mail");
+    email.EnterText(IDC_EMAIL_SUBJECT, L"Typed");
+    dialog.Page(L"Watermarks").Click(IDC_WATERMARKS_PRINT);
+    EndAsTheHost(dialog, 7);
+    EXPECT_EQ(dialog.WaitForResult(), 7);
+    EXPECT_EQ(dialog.Record().Email.Subject, L"Typed");
+    EXPECT_EQ(dialog.Record().Watermarks.Print, 0);
+}
+
+TEST(HostedDialog, DestroyedByTheHostItAnswers2AndStoresNothing) {
+    LiveDialog dialog({.pages = page_bit::kWatermarks});
+    dialog.VisiblePage().Click(IDC_WATERMARKS_PRINT);
+    dialog.Call([&](IPdfPrinterPreferences&) {
+        DestroyWindow(dialog.Main().Handle());
+        PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);  // the dialog's loop looks up at a message
+    });
+    EXPECT_EQ(dialog.WaitForResult(), 2);
+    EXPECT_EQ(dialog.Record().Watermarks.Print, 0);
+}
+
+// Does something to the next dialog that opens on this thread, from within its message loop, once.
+class OnceOpen {
+  public:
+    explicit OnceOpen(std::function<void(HWND dialog)> action)
+        : m_action(std::move(action)), m_timer(SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Look)) {
+        s_current = this;
+    }
+    ~OnceOpen() { KillTimer(nullptr, m_timer); }
+    OnceOpen(const OnceOpen&) = delete;
+    OnceOpen& operator=(const OnceOpen&) = delete;
+
+  private:
+    static void CALLBACK Look(HWND, UINT, UINT_PTR id, DWORD) {
+        HWND dialog = GetActiveWindow();
+        if (!dialog) return;
+        KillTimer(nullptr, id);
+        s_current->m_action(dialog);
+    }
+
+    static inline OnceOpen* s_current = nullptr;
+    std::function<void(HWND)> m_action;
+    UINT_PTR m_timer;
+};
+
+// A host that opens the dialog on its only thread.
+class OpenedByAHost : public testing::Test {
+  protected:
+    LONG Open() const {
+        LONG answer = 0;
+        EXPECT_EQ(m_object->OpenDialog(0x0409, &answer), S_OK);
+        return answer;
+    }
+
+    PrinterSettings Record() const {
+        const ScratchSettings copy;
+        m_object->StoreInRegistry(AllPages, AutomationString(copy.SubKey()).get());
+        return copy.Load();
+    }
+
+    ComApartment m_apartment;
+    LoadedModule m_module;
+    ComPointer<IPdfPrinterPreferences> m_object = m_module.CreatePreferences();
+};
+
+TEST_F(OpenedByAHost, ClosedByTheEndOfTheHostsMessageLoopItAnswers2AndStoresNothing) {
+    m_object->EnablePage(Watermarks);
+    const OnceOpen quit([](HWND dialog) {
+        SendMessageW(FindVisibleControl(dialog, IDC_WATERMARKS_PRINT), BM_CLICK, 0, 0);
+        EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog, IDC_MAIN_APPLY)));
+        PostQuitMessage(7);
+    });
+    EXPECT_EQ(Open(), 2);
+
+    MSG message{};
+    EXPECT_EQ(GetMessageW(&message, nullptr, WM_QUIT, WM_QUIT), 0);
+    EXPECT_EQ(message.wParam, 7U);
+    EXPECT_EQ(Record().Watermarks.Print, 0);
+}
+
+TEST_F(OpenedByAHost, OkCountsThoughTheHostsMessageLoopEndsAtTheSameMoment) {
+    m_object->EnablePage(Watermarks);
+    const OnceOpen quit([](HWND dialog) {
+        SendMessageW(FindVisibleControl(dialog, IDC_WATERMARKS_PRINT), BM_CLICK, 0, 0);
+        SendMessageW(dialog, WM_COMMAND, IDOK, 0);
+        PostQuitMessage(7);
+    });
+    EXPECT_EQ(Open(), 1);
+
+    MSG message{};
+    EXPECT_EQ(GetMessageW(&message, nullptr, WM_QUIT, WM_QUIT), 0);
+    EXPECT_EQ(Record().Watermarks.Print, 1);
+}
+
+TEST_F(OpenedByAHost, TheActivationContextIsTheHostsAgainThoughTheHostLeftAnotherOneOnTop) {
+    HANDLE before = INVALID_HANDLE_VALUE;
+    GetCurrentActCtx(&before);
+    const OnceOpen ok([](HWND dialog) {
+        ULONG_PTR cookie = 0;
+        EXPECT_TRUE(ActivateActCtx(nullptr, &cookie));
+        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    });
+    EXPECT_EQ(Open(), 1);
+    HANDLE after = INVALID_HANDLE_VALUE;
+    GetCurrentActCtx(&after);
+    EXPECT_EQ(after, before);
+}
+
+}  // namespace
+}  // namespace vmk::test
