@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "dialog/language_folder.h"
+#include "framework/dpi_awareness.h"
 #include "framework/module.h"
 #include "framework/visual_style.h"
 #include "resources/ids/main.h"
@@ -67,6 +68,7 @@ CDlgMain::CDlgMain(PrinterSettings& settings, const PreferencesDialogOptions& op
     : m_settings(settings), m_options(options), m_translator(CreateTranslator()) {}
 
 INT_PTR CDlgMain::Run() {
+    const SystemDpiAwareness dpiAwareness;
     const VisualStyle visualStyle;
     const INT_PTR ended = DoModal(IDD_MAIN, GetActiveWindow());
     if (!m_initialised) return ended;

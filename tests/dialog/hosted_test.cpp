@@ -180,5 +180,51 @@ TEST_F(OpenedByAHost, TheActivationContextIsTheHostsAgainThoughTheHostLeftAnothe
     EXPECT_EQ(after, before);
 }
 
+// Not every Windows has these, and the headers show them for later ones only.
+struct DpiFunctions {
+    template <typename Function>
+    static Function* Of(const char* name) {
+        auto* const function = EntryPoint<Function>(GetModuleHandleW(L"user32.dll"), name);
+        EXPECT_TRUE(function) << name;
+        return function;
+    }
+
+    using Context = DPI_AWARENESS_CONTEXT;
+    Context(WINAPI* setOfThread)(Context) = Of<Context WINAPI(Context)>("SetThreadDpiAwarenessContext");
+    Context(WINAPI* ofThread)() = Of<Context WINAPI()>("GetThreadDpiAwarenessContext");
+    Context(WINAPI* ofWindow)(HWND) = Of<Context WINAPI(HWND)>("GetWindowDpiAwarenessContext");
+    DPI_AWARENESS(WINAPI* awareness)
+    (Context) = Of<DPI_AWARENESS WINAPI(Context)>("GetAwarenessFromDpiAwarenessContext");
+};
+
+class OpenedByAHostAwareOfResolutions : public OpenedByAHost,
+                                        public testing::WithParamInterface<DPI_AWARENESS_CONTEXT> {};
+
+TEST_P(OpenedByAHostAwareOfResolutions, TheDialogGoesByTheSystemsAndTheThreadIsTheHostsAgain) {
+    const DpiFunctions dpi;
+    DPI_AWARENESS_CONTEXT first = dpi.setOfThread(GetParam());
+    DPI_AWARENESS_CONTEXT before = dpi.ofThread();
+    DPI_AWARENESS main = DPI_AWARENESS_INVALID;
+    DPI_AWARENESS page = DPI_AWARENESS_INVALID;
+    m_object->EnablePage(Watermarks);
+    const OnceOpen cancel([&](HWND dialog) {
+        main = dpi.awareness(dpi.ofWindow(dialog));
+        page = dpi.awareness(dpi.ofWindow(FindVisibleControl(dialog, IDC_WATERMARKS_PRINT)));
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_EQ(Open(), 2);
+    EXPECT_EQ(main, DPI_AWARENESS_SYSTEM_AWARE);
+    EXPECT_EQ(page, DPI_AWARENESS_SYSTEM_AWARE);
+    EXPECT_EQ(dpi.ofThread(), before);
+    dpi.setOfThread(first);
+}
+
+const DPI_AWARENESS_CONTEXT kContexts[] = {DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE,
+                                           DPI_AWARENESS_CONTEXT_SYSTEM_AWARE, DPI_AWARENESS_CONTEXT_UNAWARE};
+constexpr const char* kContextNames[] = {"PerMonitor", "System", "Unaware"};
+
+INSTANTIATE_TEST_SUITE_P(InEveryWay, OpenedByAHostAwareOfResolutions, testing::ValuesIn(kContexts),
+                         [](const auto& each) { return kContextNames[each.index]; });
+
 }  // namespace
 }  // namespace vmk::test
