@@ -7,6 +7,7 @@
 
 #include "framework/creation_list.h"
 #include "framework/critical_section.h"
+#include "framework/library.h"
 
 namespace vmk {
 
@@ -32,8 +33,13 @@ class Module {
     // The lock count keeps the module loaded: one for each live object, each reference to a class object and
     // each LockServer(TRUE). May be called from any thread; Lock and Unlock return the new count.
     virtual LONG Lock() noexcept { return ++m_locks; }
-    virtual LONG Unlock() noexcept { return --m_locks; }
+    virtual LONG Unlock() noexcept;
     virtual LONG GetLockCount() const noexcept { return m_locks; }
+
+    // Takes over a reference to a library, in place of the one taken over before, and holds it until nothing
+    // locks the module any more: what is used now and then is not loaded each time. May be called from any
+    // thread.
+    void KeepLoaded(UniqueLibrary library) noexcept;
 
     // Guards what the module's threads share. To be held for moments only, since all of them wait for it.
     CriticalSection& Guard() noexcept { return m_guard; }
@@ -46,6 +52,7 @@ class Module {
     HINSTANCE m_instance;
     std::atomic<LONG> m_locks = 0;
     CriticalSection m_guard;
+    UniqueLibrary m_kept;
     CreationList m_creations{m_guard};
 };
 

@@ -8,6 +8,7 @@
 
 #include "resources/ids/email.h"
 #include "resources/ids/main.h"
+#include "resources/ids/overlay.h"
 #include "resources/ids/watermarks.h"
 #include "tests/support/live_dialog.h"
 #include "tests/support/window_search.h"
@@ -91,6 +92,30 @@ TEST(HostedDialog, DestroyedByTheHostItAnswers2AndStoresNothing) {
     });
     EXPECT_EQ(dialog.WaitForResult(), 2);
     EXPECT_EQ(dialog.Record().Watermarks.Print, 0);
+}
+
+bool CommonDialogsAreLoaded() {
+    return GetModuleHandleW(L"comdlg32.dll") != nullptr;
+}
+
+TEST(HostedDialog, TheCommonDialogsAreLoadedOnFirstUseAndStayAsLongAsTheObject) {
+    {
+        LiveDialog dialog({.pages = page_bit::kOverlay});
+        dialog.VisiblePage().Click(IDC_OVERLAY_ENABLE);
+        EXPECT_FALSE(CommonDialogsAreLoaded());
+        for (int time = 0; time < 2; ++time) {
+            dialog.VisiblePage().PostClick(IDC_OVERLAY_BROWSE);
+            const LiveWindow chooser = dialog.WaitForModal();
+            ASSERT_TRUE(chooser);
+            chooser.PostClick(IDCANCEL);
+            ASSERT_TRUE(dialog.WaitUntilClosed(chooser));
+            dialog.Call([](IPdfPrinterPreferences&) {});  // after all that follows
+            EXPECT_TRUE(CommonDialogsAreLoaded());
+        }
+        EXPECT_EQ(dialog.Ok(), 1);
+        EXPECT_TRUE(CommonDialogsAreLoaded());
+    }
+    EXPECT_FALSE(CommonDialogsAreLoaded());
 }
 
 // Does something to the next dialog that opens on this thread, from within its message loop, once.
