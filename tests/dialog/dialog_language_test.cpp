@@ -49,6 +49,15 @@ TEST(DialogLanguage, LooksUpTheHostsTitleLikeAnyText) {
     EXPECT_EQ(unknown.Main().Text(), L"Other title");
 }
 
+TEST(DialogLanguage, TextsOfAnyLengthAreShownWhole) {
+    const std::wstring lengthy(3000, L'w');
+    const LanguageFolder folder(
+        {{kEnglishCaption, lengthy + L"1"}, {L"Enable Printing Watermark", lengthy + L"2"}});
+    const LiveDialog dialog({.pages = page_bit::kWatermarks, .language = kGerman});
+    EXPECT_EQ(dialog.Main().Text(), lengthy + L"1");
+    EXPECT_EQ(dialog.VisiblePage().Text(IDC_WATERMARKS_PRINT), lengthy + L"2");
+}
+
 TEST(DialogLanguage, ZeroMeansTheUsersDefaultLanguage) {
     const LanguageFolder folder(kEntries, GetUserDefaultLangID());
     EXPECT_EQ(CaptionIn(0), L"Druckeinstellungen");

@@ -101,6 +101,9 @@ TEST_F(LanguageSessions, HeaderIsKeptInTheRecord) {
     if (GetACP() == 1252) {
         EXPECT_EQ(record.langname, "D\xE4nisch");
     }
+    if (GetACP() == CP_UTF8) {
+        EXPECT_EQ(record.langname, "D\xC3\xA4nisch");
+    }
     EXPECT_TRUE(record.table.empty());
 }
 

@@ -42,6 +42,7 @@ class Translators : public testing::Test {
         std::wstring text = L"$langid = 0407\n$productID = some.Product\n";
         text += L"\"OK\" = \"Ja\"\n\"Cancel\" = \"Abbrechen\"\n\"secret\" = \"geheim\"\n\"Gone\" = \"\"\n";
         text += L"\"Long\" = \"" + std::wstring(3000, L'x') + L"\"\n";
+        text += L"\"" + std::wstring(2000, L'y') + L"\" = \"so long\"\n";
         m_folder.Write(kFile, text);
     }
 
@@ -350,6 +351,16 @@ TEST_F(TranslatedMenus, TextsAreReplacedByTheirTranslations) {
     EXPECT_EQ(ItemText(m_menu, 0), L"Ja");
     EXPECT_EQ(ItemText(m_menu, 1), L"Other");
     EXPECT_EQ(ItemText(m_menu, 2), std::wstring(3000, L'x'));
+}
+
+TEST_F(TranslatedMenus, LongTextsAreLookedUpWhole) {
+    OpenGerman();
+    const std::wstring unknown = L"OK" + std::wstring(4000, L' ');
+    AppendMenuW(m_menu, MF_STRING, 1, unknown.c_str());
+    AppendMenuW(m_menu, MF_STRING, 2, std::wstring(2000, L'y').c_str());
+    m_translator.TranslateMenu(m_menu);
+    EXPECT_EQ(ItemText(m_menu, 0), unknown);
+    EXPECT_EQ(ItemText(m_menu, 1), L"so long");
 }
 
 TEST_F(TranslatedMenus, IdentifiersAreKeptEvenWhenTheyAreRepeated) {
