@@ -9,6 +9,7 @@
 #include "framework/module.h"
 #include "framework/visual_style.h"
 #include "resources/ids/main.h"
+#include "settings/passwords.h"
 
 namespace vmk {
 namespace {
@@ -66,6 +67,10 @@ bool ThreadIsToEnd() noexcept {
 
 CDlgMain::CDlgMain(PrinterSettings& settings, const PreferencesDialogOptions& options)
     : m_settings(settings), m_options(options), m_translator(CreateTranslator()) {}
+
+CDlgMain::~CDlgMain() {
+    if (m_ifOk) WipePasswords(*m_ifOk);
+}
 
 INT_PTR CDlgMain::Run() {
     const SystemDpiAwareness dpiAwareness;

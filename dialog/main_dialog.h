@@ -15,6 +15,7 @@ namespace vmk {
 class CDlgMain final : public Dialog {
   public:
     CDlgMain(PrinterSettings& settings, const PreferencesDialogOptions& options);
+    ~CDlgMain() override;
 
     // Runs the dialog; see RunPreferencesDialog.
     INT_PTR Run();

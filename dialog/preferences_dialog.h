@@ -17,9 +17,9 @@ struct PreferencesDialogOptions {
 
 // Runs the modal preferences dialog on the calling thread, owned by the thread's active window. Pages read
 // and write the record in place. Returns IDOK, IDCANCEL, or -1 when the dialog cannot be created, with the
-// thread's last error set. A host that ends the dialog by itself gets the result that it gave to EndDialog, and
-// the pages have stored if that is IDOK; IDCANCEL instead of 0 and -1, when it destroys the window, and when its
-// thread is to end.
+// thread's last error set. A host that ends the dialog by itself gets the result that it gave to EndDialog,
+// and the pages have stored if that is IDOK; IDCANCEL instead of 0 and -1, when it destroys the window, and
+// when its thread is to end.
 INT_PTR RunPreferencesDialog(PrinterSettings& settings, const PreferencesDialogOptions& options);
 
 }  // namespace vmk
