@@ -9,15 +9,10 @@ wine_dir=${VMK_WINE_DIR:-$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)/bui
 
 # The Debian package has no wine64 on the path; /usr/bin/wine grumbles about the missing 32-bit half.
 wine_binary() {
-    local candidate
-    for candidate in wine64 /usr/lib/wine/wine64 wine; do
-        if command -v "$candidate" >/dev/null 2>&1; then
-            command -v "$candidate"
-            return
-        fi
-    done
-    echo "error: no wine found; run script/bootstrap" >&2
-    return 1
+    command -v wine64 || command -v /usr/lib/wine/wine64 || command -v wine || {
+        echo "error: no wine found; run script/bootstrap" >&2
+        return 1
+    }
 }
 
 # wine_environment SLOT: exports what Wine needs to run in the slot.
