@@ -41,6 +41,7 @@ xargs -r -P "$jobs" -n 3 frobnicate
 sudo env A=b timeout -k 5 60 frobnicate "$@"
 trap 'echo; frobnicate' EXIT
 xargs bash -c 'frobnicate "$@"' _
+exec unshare --mount bash -euc 'true; frobnicate' a b
 diff <(frobnicate) script
 command -v frobnicate || true
 while read -r line; do frobnicate "$line"; done <script
