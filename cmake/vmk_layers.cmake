@@ -42,6 +42,10 @@ function(vmk_add_layer name)
   if(sources)
     add_library(vmk_${name} STATIC ${sources})
     target_link_libraries(vmk_${name} PUBLIC vmk_options ${arg_DEPENDS})
+    if(WIN32)
+      # For the file of symbols beside the DLL; the code stays the same.
+      target_compile_options(vmk_${name} PRIVATE -g)
+    endif()
   else()
     add_library(vmk_${name} INTERFACE)
     target_link_libraries(vmk_${name} INTERFACE vmk_options ${arg_DEPENDS})
@@ -62,6 +66,21 @@ function(vmk_add_layer name)
   endif()
 endfunction()
 
+# vmk_split_symbols(TARGET FILE)
+#
+# Strips the target's file and leaves what a debugger needs in FILE.debug beside it. The file points to the other, and
+# both hold the same build id. Dates are those of linking: that of the header is none, which objcopy would stamp.
+function(vmk_split_symbols target file)
+  target_link_options(${target} PRIVATE -Wl,--build-id)
+  add_custom_command(
+    TARGET ${target}
+    POST_BUILD
+    COMMAND ${CMAKE_OBJCOPY} --preserve-dates --only-keep-debug ${file} ${file}.debug
+    COMMAND ${CMAKE_OBJCOPY} --preserve-dates --strip-all --add-gnu-debuglink=${file}.debug ${file}
+    BYPRODUCTS ${file}.debug
+    VERBATIM)
+endfunction()
+
 # vmk_add_tests(NAME SOURCES file... [LIBRARIES target...] [TIMEOUT seconds])
 #
 # One executable NAME_test of GoogleTest sources, and one ctest entry per source file, named NAME.<file without
@@ -76,8 +95,11 @@ function(vmk_add_tests name)
 
   add_executable(${name}_test ${arg_SOURCES})
   target_link_libraries(${name}_test PRIVATE vmk_options ${arg_LIBRARIES} GTest::gmock_main)
-  # Tests are compiled more often than they are waited for.
+  # Tests are compiled more often than they are waited for, and linked without the layers' symbols for debuggers.
   target_compile_options(${name}_test PRIVATE -O0)
+  if(WIN32)
+    target_link_options(${name}_test PRIVATE -Wl,--strip-debug)
+  endif()
   set_target_properties(${name}_test PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
   set_property(
     DIRECTORY
