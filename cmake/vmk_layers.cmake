@@ -2,17 +2,21 @@
 
 add_library(vmk_options INTERFACE)
 target_include_directories(vmk_options INTERFACE ${PROJECT_SOURCE_DIR})
-target_compile_options(
-  vmk_options
-  INTERFACE -Wall
-            -Wextra
-            -Wconversion
-            -Wshadow
-            -Werror
-            -Wimplicit-fallthrough)
-# The same commit gives the same bytes wherever it is built.
-target_compile_options(vmk_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.
-                                             -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+if(MSVC)
+  target_compile_options(vmk_options INTERFACE /W4 /WX /permissive- /utf-8 /Zc:__cplusplus)
+else()
+  target_compile_options(
+    vmk_options
+    INTERFACE -Wall
+              -Wextra
+              -Wconversion
+              -Wshadow
+              -Werror
+              -Wimplicit-fallthrough)
+  # The same commit gives the same bytes wherever it is built.
+  target_compile_options(vmk_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.
+                                               -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+endif()
 
 if(WIN32)
   target_compile_definitions(
@@ -24,6 +28,8 @@ if(WIN32)
               WIN32_LEAN_AND_MEAN
               WINVER=0x0601
               _WIN32_WINNT=0x0601)
+endif()
+if(MINGW)
   target_compile_options(vmk_options INTERFACE -ffunction-sections -fdata-sections)
   target_link_options(vmk_options INTERFACE -static -Wl,--gc-sections -Wl,--no-insert-timestamp)
 endif()
@@ -42,8 +48,11 @@ function(vmk_add_layer name)
   if(sources)
     add_library(vmk_${name} STATIC ${sources})
     target_link_libraries(vmk_${name} PUBLIC vmk_options ${arg_DEPENDS})
-    if(WIN32)
-      # For the file of symbols beside the DLL; the code stays the same.
+    if(NOT MSVC)
+      # No extensions of one compiler in what is shipped.
+      target_compile_options(vmk_${name} PRIVATE -Wpedantic)
+    endif()
+    if(VMK_SYMBOLS)
       target_compile_options(vmk_${name} PRIVATE -g)
     endif()
   else()
@@ -97,7 +106,7 @@ function(vmk_add_tests name)
   target_link_libraries(${name}_test PRIVATE vmk_options ${arg_LIBRARIES} GTest::gmock_main)
   # Tests are compiled more often than they are waited for, and linked without the layers' symbols for debuggers.
   target_compile_options(${name}_test PRIVATE -O0)
-  if(WIN32)
+  if(MINGW)
     target_link_options(${name}_test PRIVATE -Wl,--strip-debug)
   endif()
   set_target_properties(${name}_test PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)

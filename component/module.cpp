@@ -15,7 +15,7 @@ HRESULT CvmkctrlModule::GetRegistrar(IRegistrar** registrar) noexcept {
     *registrar = nullptr;
     if (!m_registrar) {
         const HRESULT result = CoCreateInstance(kRegistrarClass, nullptr, CLSCTX_INPROC_SERVER,
-                                                __uuidof(IRegistrar), m_registrar.PutVoid());
+                                                kRegistrarInterface, m_registrar.PutVoid());
         if (FAILED(result)) return result;
     }
     *registrar = m_registrar.get();

@@ -18,7 +18,7 @@ FakeRegistrar::~FakeRegistrar() {
 
 HRESULT FakeRegistrar::QueryInterface(REFIID riid, void** object) noexcept {
     *object = nullptr;
-    if (riid == __uuidof(IRegistrar)) *object = static_cast<IRegistrar*>(this);
+    if (riid == kRegistrarInterface) *object = static_cast<IRegistrar*>(this);
     if (riid == __uuidof(IUnknown) || riid == __uuidof(IClassFactory))
         *object = static_cast<IClassFactory*>(this);
     if (!*object) return E_NOINTERFACE;
