@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "controls/radio_focus.h"
 #include "framework/reflection.h"
 
 namespace vmk {
@@ -26,8 +27,11 @@ std::optional<LRESULT> BoundDialog::ProcessWindowMessage(HWND hwnd, UINT msg, WP
         case WM_INITDIALOG:
             TranslateWindowTexts(hwnd);
             OnInitDialog();
+            PrepareRadioButtons(hwnd);
             return TRUE;
         case WM_COMMAND:
+            if (CommandOf(wParam).code == BN_CLICKED && HasOnlyGotFocus(reinterpret_cast<HWND>(lParam)))
+                return 0;
             if (OnCommand(CommandOf(wParam))) return 0;
             if (wParam == IDCANCEL) CancelWholeDialog();
             break;

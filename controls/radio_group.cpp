@@ -16,6 +16,11 @@ UINT RadioGroup::Button(UINT other) const {
     return item == m_items.end() ? other : item->id;
 }
 
+void RadioGroup::Show(UINT other) const {
+    const UINT button = Button(other);
+    if (button != kNoButton) m_page->CheckItem(button, true);
+}
+
 bool RadioGroup::OnClicked(UINT id) {
     const auto item = std::ranges::find(m_items, id, &RadioItem::id);
     if (item == m_items.end()) return false;

@@ -18,11 +18,16 @@ struct RadioItem {
 // clicks.
 class RadioGroup {
   public:
+    static constexpr UINT kNoButton = 0;
+
     // Takes the field's value and shows nothing yet; the table must outlive the group.
     void Bind(const BoundDialog& page, std::int32_t& field, std::span<const RadioItem> items);
 
     // The button for the working value; `other` when there is none.
     UINT Button(UINT other) const;
+
+    // Checks that button, unless there is none and no other one either.
+    void Show(UINT other = kNoButton) const;
 
     // Takes over the value of a clicked button and enables Apply. False when the button is of another group.
     bool OnClicked(UINT id);

@@ -49,7 +49,7 @@ CDlgGeneral::CDlgGeneral() : CPage(IDD_GENERAL) {}
 void CDlgGeneral::LoadPage() {
     Settings& group = settings->General;
     m_version.Bind(*this, group.PDFSpec, kVersions);
-    ShowVersion();
+    m_version.Show();
     m_pageLayout.Bind(*this, IDC_GENERAL_PAGE_LAYOUT, group.PageLayout, kPageLayouts);
     m_pageLayout.Show();
     m_pageMode.Bind(*this, IDC_GENERAL_PAGE_MODE, group.PageMode, kPageModes);
@@ -71,17 +71,6 @@ void CDlgGeneral::StorePage() {
 
 bool CDlgGeneral::OnCommand(Command command) {
     return command.code == BN_CLICKED && m_version.OnClicked(command.id);
-}
-
-void CDlgGeneral::ShowVersion() const {
-    // A radio button takes the focus for a click, which would choose version 1.3 for whoever just comes past.
-    SendMessageW(Item(IDC_GENERAL_VERSION_13), BM_SETDONTCLICK, TRUE, 0);
-    // Unchecking the others as well makes the checked one the group's tab stop. With none to check, the first
-    // button stays the tab stop.
-    constexpr UINT kNone = 0;
-    const UINT checked = m_version.Button(kNone);
-    if (checked == kNone) return;
-    for (const RadioItem& button : kVersions) CheckItem(button.id, button.id == checked);
 }
 
 }  // namespace vmk

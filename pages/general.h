@@ -19,8 +19,6 @@ class CDlgGeneral final : public CPage {
     void StorePage() override;
     bool OnCommand(Command command) override;
 
-    void ShowVersion() const;
-
     RadioGroup m_version;
     CMyCombobox m_pageLayout;
     CMyCombobox m_pageMode;

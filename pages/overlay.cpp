@@ -80,8 +80,8 @@ void CDlgOverlay::ShowFlags() {
 void CDlgOverlay::ShowChoices() {
     // A real click: it sets the working value, also for a value without a button, and enables Apply.
     ClickItem(m_repeat.Button(IDC_OVERLAY_REPEAT_ALL));
-    CheckItem(m_horizontal.Button(IDC_OVERLAY_CENTER), true);
-    CheckItem(m_vertical.Button(IDC_OVERLAY_MIDDLE), true);
+    m_horizontal.Show(IDC_OVERLAY_CENTER);
+    m_vertical.Show(IDC_OVERLAY_MIDDLE);
 }
 
 void CDlgOverlay::StorePage() {

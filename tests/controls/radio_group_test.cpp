@@ -8,6 +8,7 @@ namespace {
 constexpr RadioItem kItems[] = {{.id = IDC_TEST_SUBJECT, .value = 4},
                                 {.id = IDC_TEST_OTHER_RADIO, .value = -7}};
 constexpr UINT kFallback = IDC_TEST_THIRD_RADIO;
+constexpr UINT kRadios[] = {IDC_TEST_SUBJECT, IDC_TEST_OTHER_RADIO, kFallback};
 
 class PlainRadioGroup : public ControlTest {
   protected:
@@ -35,6 +36,23 @@ TEST_F(PlainRadioGroup, TellsTheButtonThatStandsForTheField) {
     EXPECT_EQ(group.Button(kFallback), UINT{IDC_TEST_OTHER_RADIO});
     Open(5);
     EXPECT_EQ(group.Button(kFallback), kFallback);
+}
+
+TEST_F(PlainRadioGroup, ShowsTheButtonThatStandsForTheFieldOrAnotherOneOrNone) {
+    const auto checked = [&] {
+        UINT found = RadioGroup::kNoButton;
+        for (const UINT id : kRadios)
+            if (page.IsItemChecked(id)) found = id;
+        return found;
+    };
+    Open(-7);
+    group.Show();
+    EXPECT_EQ(checked(), UINT{IDC_TEST_OTHER_RADIO});
+    Open(5);
+    group.Show();
+    EXPECT_EQ(checked(), RadioGroup::kNoButton);
+    group.Show(kFallback);
+    EXPECT_EQ(checked(), kFallback);
 }
 
 TEST_F(PlainRadioGroup, StoresTheValueOfTheClickedButtonAndNotBefore) {

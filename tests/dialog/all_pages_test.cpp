@@ -126,6 +126,44 @@ TEST(AllPages, WalkingThroughEveryControlByKeyboardIsNoChange) {
     EXPECT_EQ(dialog.Record(), SettingsInFullUse());
 }
 
+// The radio buttons of a page, each group by itself.
+std::vector<std::vector<HWND>> RadioGroups(const LiveWindow& page) {
+    std::vector<std::vector<HWND>> groups;
+    bool isNewGroup = true;
+    for (HWND child = GetWindow(page.Handle(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (GetWindowLongW(child, GWL_STYLE) & WS_GROUP) isNewGroup = true;
+        if (!(SendMessageW(child, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON)) continue;
+        if (isNewGroup) groups.emplace_back();
+        groups.back().push_back(child);
+        isNewGroup = false;
+    }
+    return groups;
+}
+
+TEST(AllPages, EachGroupOfRadioButtonsHasItsChosenButtonForTabStopAlsoWhileItIsSwitchedOff) {
+    for (const bool inUse : {true, false}) {
+        PrinterSettings settings = inUse ? InFullUse() : Initial();
+        settings.General.PDFSpec = 5;
+        settings.Overlay.VAlign = 2;
+        settings.Save.ShowSaveDialog = 1;
+        const ScratchSettings before;
+        before.Store(settings);
+        const LiveDialog dialog({.settings = &before});
+        size_t groups = 0;
+        for (const std::wstring& name : dialog.PageNames()) {
+            for (const std::vector<HWND>& group : RadioGroups(dialog.Page(name))) {
+                ++groups;
+                for (HWND button : group) {
+                    const bool isStop = (GetWindowLongW(button, GWL_STYLE) & WS_TABSTOP) != 0;
+                    const bool isChosen = SendMessageW(button, BM_GETCHECK, 0, 0) == BST_CHECKED;
+                    EXPECT_EQ(isStop, isChosen) << GetDlgCtrlID(button) << " in use: " << inUse;
+                }
+            }
+        }
+        EXPECT_EQ(groups, 6U);
+    }
+}
+
 TEST(AllPages, AfterCancelOnlyTheEmailPageHasStoredItsChange) {
     const ScratchSettings before;
     before.Store(Initial());

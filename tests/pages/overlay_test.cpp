@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <utility>
 #include <vector>
@@ -239,6 +240,29 @@ TEST_F(OverlayPage, SwitchingTheOverlayOnLeavesTheAspectRatioToFit) {
     EXPECT_FALSE(page.IsChecked(IDC_OVERLAY_FIT));
     EXPECT_TRUE(page.IsEnabled(IDC_OVERLAY_FIT));
     EXPECT_FALSE(page.IsEnabled(IDC_OVERLAY_KEEP_ASPECT));
+}
+
+TEST_F(OverlayPage, AWalkThroughGroupsThatWereSwitchedOffStoresWhatIsShown) {
+    stored.Overlay.Enable = 0;
+    Open();
+    page.Click(IDC_OVERLAY_ENABLE);
+    for (const auto& buttons : {kRepeatButtons, kHorizontalButtons, kVerticalButtons}) {
+        const auto stop = std::ranges::find_if(buttons, [this](UINT button) {
+            return (GetWindowLongW(page.Control(button), GWL_STYLE) & WS_TABSTOP) != 0;
+        });
+        ASSERT_NE(stop, buttons.end());
+        EXPECT_TRUE(page.IsChecked(*stop)) << *stop;
+        // The system reports this click by itself when the focus comes to a button that is not checked.
+        SendMessageW(page.Handle(), WM_COMMAND, MAKEWPARAM(*stop, BN_CLICKED),
+                     reinterpret_cast<LPARAM>(page.Control(*stop)));
+    }
+    const UINT repeat = Chosen(kRepeatButtons);
+    const UINT horizontal = Chosen(kHorizontalButtons);
+    const UINT vertical = Chosen(kVerticalButtons);
+    EXPECT_EQ(dialog->Ok(), 1);
+    EXPECT_EQ(repeat, kRepeatButtons[static_cast<size_t>(dialog->Record().Overlay.Repeat)]);
+    EXPECT_EQ(horizontal, kHorizontalButtons[static_cast<size_t>(dialog->Record().Overlay.HAlign)]);
+    EXPECT_EQ(vertical, kVerticalButtons[static_cast<size_t>(dialog->Record().Overlay.VAlign)]);
 }
 
 TEST_F(OverlayPage, TheAspectRatioIsAChoiceOnlyForAPageThatFits) {

@@ -1,0 +1,44 @@
+#include "controls/radio_focus.h"
+
+namespace vmk {
+namespace {
+
+LONG StyleOf(HWND window) noexcept {
+    return GetWindowLongW(window, GWL_STYLE);
+}
+
+// A radio button that checks itself when it is clicked; the other kind leaves that to its dialog.
+bool IsRadioButton(HWND window) noexcept {
+    return (SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0 &&
+           (StyleOf(window) & BS_TYPEMASK) == BS_AUTORADIOBUTTON;
+}
+
+bool IsChecked(HWND button) noexcept {
+    return SendMessageW(button, BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+void MakeTabStop(HWND window, bool stop) noexcept {
+    const LONG others = StyleOf(window) & ~WS_TABSTOP;
+    SetWindowLongW(window, GWL_STYLE, stop ? others | WS_TABSTOP : others);
+}
+
+}  // namespace
+
+void PrepareRadioButtons(HWND dialog) noexcept {
+    HWND stop = nullptr;  // of the group so far
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (StyleOf(child) & WS_GROUP) stop = nullptr;
+        if (!IsRadioButton(child)) continue;
+        SendMessageW(child, BM_SETDONTCLICK, TRUE, 0);
+        const bool isBetter = !stop || IsChecked(child);
+        if (stop && isBetter) MakeTabStop(stop, false);
+        MakeTabStop(child, isBetter);
+        if (isBetter) stop = child;
+    }
+}
+
+bool HasOnlyGotFocus(HWND clicked) noexcept {
+    return IsRadioButton(clicked) && !IsChecked(clicked);
+}
+
+}  // namespace vmk
