@@ -1,28 +1,18 @@
 #include "controls/bound_control.h"
 
-#include <commctrl.h>
 #include <olectl.h>
 
-#include <array>
 #include <new>
 
+#include "controls/focus.h"
 #include "framework/reflection.h"
 
 namespace vmk {
 namespace {
 
-bool IsBoxOfOneLine(HWND window) noexcept {
-    std::array<wchar_t, 6> className{};
-    GetClassNameW(window, className.data(), static_cast<int>(className.size()));
-    return CompareStringOrdinal(className.data(), -1, WC_EDITW, -1, TRUE) == CSTR_EQUAL &&
-           (GetWindowLongPtrW(window, GWL_STYLE) & ES_MULTILINE) == 0;
-}
-
-// Selects what a box holds, so that typing replaces it. The dialog manager does the same, but leaves boxes
-// alone that ask for all keys.
-void FocusOn(HWND next) noexcept {
-    SetFocus(next);
-    if (GetFocus() == next && IsBoxOfOneLine(next)) SendMessageW(next, EM_SETSEL, 0, -1);
+// Holds for the keys as well as for their characters.
+constexpr bool MovesFocus(WPARAM key) noexcept {
+    return key == VK_TAB || key == VK_RETURN;
 }
 
 }  // namespace
@@ -39,20 +29,25 @@ void BoundControl::Attach(BoundDialog& page, UINT id) {
 }
 
 std::optional<LRESULT> BoundControl::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
-    const bool movesFocus = wParam == VK_TAB || wParam == VK_RETURN;
     switch (msg) {
         case WM_GETDLGCODE:
-            return DLGC_WANTALLKEYS;
+            // The dialog manager goes by the rest, for access keys and the default button.
+            return DefaultProc(msg, wParam, lParam) | DLGC_WANTALLKEYS;
         case WM_KEYDOWN:
+            if (MovesFocus(wParam)) {
+                MoveFocusByKeyboard(FocusSuccessor(wParam == VK_TAB && GetKeyState(VK_SHIFT) < 0));
+                return 0;
+            }
             // The dialog manager, which makes this of the key, does not get to see it.
-            if (wParam == VK_ESCAPE && !UsesEscape()) PostMessageW(m_page->Handle(), WM_COMMAND, IDCANCEL, 0);
-            if (!movesFocus) return std::nullopt;
-            MoveFocus(wParam == VK_TAB && GetKeyState(VK_SHIFT) < 0);
-            return 0;
+            if (Cancels(wParam)) PostMessageW(m_page->Handle(), WM_COMMAND, IDCANCEL, 0);
+            return std::nullopt;
         case WM_CHAR:
-            // The characters of the two keys are consumed with them, or an edit box would beep.
-            if (!movesFocus) return std::nullopt;
-            return 0;
+            // The characters of these keys are consumed with them, or an edit box would beep.
+            if (MovesFocus(wParam) || Cancels(wParam)) return 0;
+            return std::nullopt;
+        case WM_KILLFOCUS:
+            if (KeepsFocus()) return 0;
+            return std::nullopt;
         case OCM_COMMAND:
             if (OnReflectedCommand(HIWORD(wParam))) return 0;
             break;
@@ -62,24 +57,23 @@ std::optional<LRESULT> BoundControl::ProcessWindowMessage(HWND hwnd, UINT msg, W
     return DefaultReflection(hwnd, msg, wParam, lParam);
 }
 
-void BoundControl::TakeFocusBack() const noexcept {
-    if (IsWindowVisible(Handle())) SetFocus(Handle());
+// Of two boxes that want to keep the focus the first one does. The message goes on wherever the focus is
+// really lost, or the control would think for ever that it has it.
+bool BoundControl::KeepsFocus() {
+    if (m_page->IsFocusReturning()) return false;
+    return !TakeEntry() && m_page->ReturnFocus(Handle());
 }
 
 // Forwards the ring of the page's own tab stops is kept. Backwards the dialog manager's order holds, which
 // leads out of the page to the page list.
-void BoundControl::MoveFocus(bool backwards) const noexcept {
+HWND BoundControl::FocusSuccessor(bool backwards) const noexcept {
     HWND root = GetAncestor(Handle(), GA_ROOT);
-    if (backwards) {
-        FocusOn(GetNextDlgTabItem(root, Handle(), TRUE));
-        return;
-    }
+    if (backwards) return GetNextDlgTabItem(root, Handle(), TRUE);
     HWND next = m_nextFocus;
-    if (!IsWindow(next)) next = GetNextDlgTabItem(m_page->Handle(), Handle(), FALSE);
-    if (!next || next == Handle()) next = applyButton;
+    if (!TakesKeys(next)) next = GetNextDlgTabItem(m_page->Handle(), Handle(), FALSE);
+    if (next && next != Handle()) return next;
     // A disabled Apply cannot take the focus; it must not be a dead end either.
-    if (next == applyButton && !IsApplyEnabled()) next = GetNextDlgTabItem(root, Handle(), FALSE);
-    FocusOn(next);
+    return IsApplyEnabled() ? applyButton : GetNextDlgTabItem(root, Handle(), FALSE);
 }
 
 }  // namespace vmk

@@ -41,14 +41,18 @@ class BoundControl : public Window, public CDialogEnv {
     // A notification of the control that its page has reflected back; true when it is consumed.
     virtual bool OnReflectedCommand(UINT /*code*/) { return false; }
 
-    // Keeps the focus that it is about to lose, unless it is out of sight by now.
-    void TakeFocusBack() const noexcept;
+    // Takes over what has been entered, now that the control loses the focus. False when that is refused;
+    // then the focus stays.
+    virtual bool TakeEntry() { return true; }
 
     // Whether Escape means something to the control now. Otherwise it cancels the dialog.
     virtual bool UsesEscape() const { return false; }
 
   private:
-    void MoveFocus(bool backwards) const noexcept;
+    bool Cancels(WPARAM key) const { return key == VK_ESCAPE && !UsesEscape(); }
+    bool KeepsFocus();
+    // Where Tab and Enter lead.
+    HWND FocusSuccessor(bool backwards) const noexcept;
 
     BoundDialog* m_page = nullptr;
     UINT m_id = 0;

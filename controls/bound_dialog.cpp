@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "controls/focus.h"
 #include "controls/radio_focus.h"
 #include "framework/reflection.h"
 
@@ -30,11 +31,7 @@ std::optional<LRESULT> BoundDialog::ProcessWindowMessage(HWND hwnd, UINT msg, WP
             PrepareRadioButtons(hwnd);
             return TRUE;
         case WM_COMMAND:
-            if (CommandOf(wParam).code == BN_CLICKED && HasOnlyGotFocus(reinterpret_cast<HWND>(lParam)))
-                return 0;
-            if (OnCommand(CommandOf(wParam))) return 0;
-            if (wParam == IDCANCEL) CancelWholeDialog();
-            break;
+            return HandleCommand(wParam, lParam);
         case WM_NOTIFY: {
             const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
             if (StepOnSpin(header) || OnNotify(header)) return 0;
@@ -46,11 +43,23 @@ std::optional<LRESULT> BoundDialog::ProcessWindowMessage(HWND hwnd, UINT msg, WP
     return ReflectNotification(hwnd, msg, wParam, lParam);
 }
 
-// A control inside has had Escape pressed: a bound one says so itself, a plain box of several lines has the
-// system say so to its parent, which is not the dialog that can be cancelled.
-void BoundDialog::CancelWholeDialog() const noexcept {
-    HWND root = GetAncestor(Handle(), GA_ROOT);
-    if (root != Handle()) PostMessageW(root, WM_COMMAND, IDCANCEL, 0);
+std::optional<LRESULT> BoundDialog::HandleCommand(WPARAM wParam, LPARAM lParam) {
+    HWND sender = reinterpret_cast<HWND>(lParam);
+    HWND owner = CommandOwner(Handle(), sender);
+    if (owner != Handle()) return SendMessageW(owner, WM_COMMAND, wParam, lParam);
+    const Command command = CommandOf(wParam);
+    if (command.code == BN_CLICKED && HasOnlyGotFocus(sender)) return 0;
+    const FocusKeeper focus(sender);
+    if (OnCommand(command)) return 0;
+    return ReflectNotification(Handle(), WM_COMMAND, wParam, lParam);
+}
+
+bool BoundDialog::ReturnFocus(HWND control) noexcept {
+    if (!TakesKeys(control)) return false;
+    m_isFocusReturning = true;
+    SetFocus(control);
+    m_isFocusReturning = false;
+    return GetFocus() == control;
 }
 
 bool BoundDialog::StepOnSpin(const NMHDR& header) {

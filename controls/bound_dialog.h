@@ -44,6 +44,12 @@ class BoundDialog : public Dialog, public CDialogEnv {
     // A click as if by the user, with all that follows from it, except that the focus stays where it is.
     void ClickItem(UINT id) const noexcept;
 
+    // Gives a control back the focus that it is just losing. False when it does not get it, being out of
+    // sight or disabled by now.
+    bool ReturnFocus(HWND control) noexcept;
+    // Whether a control is getting the focus back, so that whoever else loses it now never really had it.
+    bool IsFocusReturning() const noexcept { return m_isFocusReturning; }
+
   protected:
     std::optional<LRESULT> ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
 
@@ -59,8 +65,10 @@ class BoundDialog : public Dialog, public CDialogEnv {
     virtual std::span<const Spin> Spins() { return {}; }
 
   private:
+    std::optional<LRESULT> HandleCommand(WPARAM wParam, LPARAM lParam);
     bool StepOnSpin(const NMHDR& header);
-    void CancelWholeDialog() const noexcept;
+
+    bool m_isFocusReturning = false;
 };
 
 }  // namespace vmk

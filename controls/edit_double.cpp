@@ -68,18 +68,11 @@ void CMyEditDouble::Store() {
     m_stored = m_working;
 }
 
-std::optional<LRESULT> CMyEditDouble::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam,
-                                                           LPARAM lParam) {
-    if (msg == WM_KILLFOCUS) {
-        const double number = ReadNumber();
-        const bool accepted = Accepts(number);
-        ShowAnew(accepted ? number : m_stored);
-        if (!accepted) {
-            TakeFocusBack();
-            return 0;
-        }
-    }
-    return BoundControl::ProcessWindowMessage(hwnd, msg, wParam, lParam);
+bool CMyEditDouble::TakeEntry() {
+    const double number = ReadNumber();
+    const bool accepted = Accepts(number);
+    ShowAnew(accepted ? number : m_stored);
+    return accepted;
 }
 
 bool CMyEditDouble::OnReflectedCommand(UINT code) {

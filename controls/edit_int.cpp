@@ -47,17 +47,14 @@ void CMyEditInt::Store() {
     m_stored = m_working;
 }
 
-std::optional<LRESULT> CMyEditInt::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
-    if (msg == WM_KILLFOCUS) {
-        const std::int32_t number = ReadNumber();
-        if (!Accepts(number)) {
-            ShowStored();
-            TakeFocusBack();
-            return 0;
-        }
-        m_working = number;
+bool CMyEditInt::TakeEntry() {
+    const std::int32_t number = ReadNumber();
+    if (!Accepts(number)) {
+        ShowStored();
+        return false;
     }
-    return BoundControl::ProcessWindowMessage(hwnd, msg, wParam, lParam);
+    m_working = number;
+    return true;
 }
 
 bool CMyEditInt::OnReflectedCommand(UINT code) {

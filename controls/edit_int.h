@@ -29,7 +29,7 @@ class CMyEditInt final : public BoundControl, public SteppedEdit {
     void Store();
 
   private:
-    std::optional<LRESULT> ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
+    bool TakeEntry() override;
     bool OnReflectedCommand(UINT code) override;
 
     bool HasRange() const { return m_options.minimum != -1 || m_options.maximum != -1; }

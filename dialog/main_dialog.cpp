@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "controls/focus.h"
 #include "dialog/language_folder.h"
 #include "framework/dpi_awareness.h"
 #include "framework/module.h"
@@ -90,7 +91,7 @@ INT_PTR CDlgMain::AnswerForHost(INT_PTR ended) noexcept {
     return IDOK;
 }
 
-std::optional<LRESULT> CDlgMain::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM /*lParam*/) {
+std::optional<LRESULT> CDlgMain::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
     if (msg == WM_INITDIALOG) {
         OnInitDialog();
         return FALSE;
@@ -100,8 +101,12 @@ std::optional<LRESULT> CDlgMain::ProcessWindowMessage(HWND hwnd, UINT msg, WPARA
         DisableApply();
         return std::nullopt;
     }
+    if (msg != WM_COMMAND) return std::nullopt;
+    // The default button may be one of a page, whose identifiers are its own.
+    HWND owner = CommandOwner(hwnd, reinterpret_cast<HWND>(lParam));
+    if (owner != hwnd) return SendMessageW(owner, msg, wParam, lParam);
     const Command command = CommandOf(wParam);
-    if (msg != WM_COMMAND || command.code != 0) return std::nullopt;
+    if (command.code != 0) return std::nullopt;
     switch (command.id) {
         case IDOK:
             m_button = IDOK;

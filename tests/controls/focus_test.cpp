@@ -1,4 +1,8 @@
+#include <functional>
 #include <optional>
+#include <span>
+#include <utility>
+#include <vector>
 
 #include "controls/bound_control.h"
 #include "controls/checkbox.h"
@@ -6,6 +10,7 @@
 #include "controls/edit_double.h"
 #include "controls/edit_int.h"
 #include "controls/edit_text.h"
+#include "controls/radio_button.h"
 #include "tests/controls/live_page.h"
 
 namespace vmk::test {
@@ -146,34 +151,153 @@ TEST_F(FocusOfABoundControl, OtherKeysReachTheControl) {
     EXPECT_EQ(GetFocus(), Control());
 }
 
-TEST_F(FocusOfABoundControl, IsAskedForAllKeys) {
+TEST_F(FocusOfABoundControl, MakesAPushButtonThatItReachesTheOneThatEnterPresses) {
+    Open();
+    edit->SetNextFocus(Control(IDC_TEST_LAST_STOP));
+    std::vector<UINT> pressed;
+    page.onCommand = [&](Command command) {
+        if (command.code == BN_CLICKED) pressed.push_back(command.id);
+        return true;
+    };
+    PressInControl(VK_TAB);
+    EXPECT_TRUE(IsDefault(Control(IDC_TEST_LAST_STOP)));
+    EXPECT_FALSE(IsDefault(main.Item(IDOK)));
+    PressKey(VK_RETURN);
+    EXPECT_TRUE(Until([&] { return !pressed.empty(); }));
+    Settle();
+    EXPECT_EQ(pressed, std::vector<UINT>{IDC_TEST_LAST_STOP});
+    EXPECT_EQ(main.defaultButtonPresses, 0);
+}
+
+TEST_F(FocusOfABoundControl, MakesOkTheDefaultButtonAgainWhereNoButtonGetsIt) {
+    Open();
+    edit->SetNextFocus(Control(IDC_TEST_LAST_STOP));
+    PressInControl(VK_TAB);
+    ASSERT_TRUE(IsDefault(Control(IDC_TEST_LAST_STOP)));
+    PressKey(VK_TAB);
+    ASSERT_TRUE(FocusReaches(Control()));
+    EXPECT_FALSE(IsDefault(Control(IDC_TEST_LAST_STOP)));
+    EXPECT_TRUE(IsDefault(main.Item(IDOK)));
+}
+
+TEST_F(FocusOfABoundControl, PassesANextFocusWindowOverThatTakesNoKeys) {
+    Open();
+    edit->SetNextFocus(Control(IDC_TEST_LAST_STOP));
+    EnableWindow(Control(IDC_TEST_LAST_STOP), FALSE);
+    PressInControl(VK_TAB);
+    EXPECT_EQ(GetFocus(), Control(IDC_TEST_FIRST_STOP));
+    EnableWindow(Control(IDC_TEST_LAST_STOP), TRUE);
+    ShowWindow(Control(IDC_TEST_LAST_STOP), SW_HIDE);
+    PressInControl(VK_TAB);
+    EXPECT_EQ(GetFocus(), Control(IDC_TEST_FIRST_STOP));
+}
+
+TEST_F(FocusOfABoundControl, HasFocusRectanglesAndAccessKeysShownFromNowOn) {
+    struct Key {
+        WORD key;
+        std::initializer_list<WORD> held;
+    };
+    for (const Key& pressed : {Key{VK_TAB, {}}, Key{VK_RETURN, {}}, Key{VK_TAB, {VK_SHIFT}}}) {
+        Open();
+        Focus();
+        main.changesOfCues.clear();
+        PressInControl(pressed.key, pressed.held);
+        EXPECT_EQ(main.changesOfCues,
+                  std::vector<WPARAM>{MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL)});
+    }
+}
+
+// What the window's own procedure gets to see of characters.
+std::wstring charactersOfTheClass;
+WNDPROC classProc;
+
+LRESULT CALLBACK NoteCharacters(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
+    if (msg == WM_CHAR) charactersOfTheClass.push_back(static_cast<wchar_t>(wParam));
+    return CallWindowProcW(classProc, hwnd, msg, wParam, lParam);
+}
+
+TEST_F(FocusOfABoundControl, TheCharactersOfTheKeysItUsesDoNotReachTheBoxWhichWouldBeep) {
+    charactersOfTheClass.clear();
+    std::wstring field;
+    CMyEditText box;
+    ControlTest::Open(IDD_TEST_FOCUS, [&](TestPage& bound) {
+        classProc = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(bound.Item(IDC_TEST_SUBJECT), GWLP_WNDPROC,
+                                                                reinterpret_cast<LONG_PTR>(&NoteCharacters)));
+        box.Bind(bound, IDC_TEST_SUBJECT, field);
+    });
+    for (const WORD key : {WORD{VK_ESCAPE}, WORD{VK_TAB}, WORD{VK_RETURN}, WORD{'A'}}) {
+        PressInControl(key);
+        Settle();
+    }
+    EXPECT_EQ(charactersOfTheClass, L"a");
+}
+
+// The answer of a bound control to WM_GETDLGCODE, and that of its window class.
+struct DialogCodes {
+    LRESULT bound;
+    LRESULT ofClass;
+};
+
+class DialogCodeOfABoundControl : public ControlTest {
+  protected:
+    template <typename Control, typename... Binding>
+    DialogCodes CodesIn(UINT templateId, const Binding&... binding) {
+        DialogCodes codes{};
+        Control control;
+        ControlTest::Open(templateId, [&](TestPage& bound) {
+            codes.ofClass = Code();
+            control.Bind(bound, IDC_TEST_SUBJECT, binding...);
+        });
+        codes.bound = Code();
+        return codes;
+    }
+    LRESULT Code() const { return SendMessageW(Control(), WM_GETDLGCODE, 0, 0); }
+};
+
+TEST_F(DialogCodeOfABoundControl, AsksForAllKeysBesideWhatTheClassAnswers) {
     std::int32_t number = 0;
     double decimal = 0.0;
     std::wstring text;
-    CMyEditInt editInt;
-    CMyEditDouble editDouble;
-    CMyEditText editText;
-    const auto code = [&] { return SendMessageW(Control(), WM_GETDLGCODE, 0, 0); };
-    ControlTest::Open(IDD_TEST_EDIT_INT,
-                      [&](TestPage& bound) { editInt.Bind(bound, IDC_TEST_SUBJECT, number, {}); });
-    EXPECT_EQ(code(), DLGC_WANTALLKEYS);
-    ControlTest::Open(IDD_TEST_EDIT_DOUBLE,
-                      [&](TestPage& bound) { editDouble.Bind(bound, IDC_TEST_SUBJECT, decimal, {}); });
-    EXPECT_EQ(code(), DLGC_WANTALLKEYS);
-    ControlTest::Open(IDD_TEST_EDIT_TEXT,
-                      [&](TestPage& bound) { editText.Bind(bound, IDC_TEST_SUBJECT, text); });
-    EXPECT_EQ(code(), DLGC_WANTALLKEYS);
+    const auto field = [](auto& value) { return std::ref(value); };
+    const DialogCodes all[] = {
+        CodesIn<CMyCheckbox>(IDD_TEST_CHECKBOX, field(number)),
+        CodesIn<CMyEditInt>(IDD_TEST_EDIT_INT, field(number), CMyEditInt::Options{}),
+        CodesIn<CMyEditDouble>(IDD_TEST_EDIT_DOUBLE, field(decimal), CMyEditDouble::Options{}),
+        CodesIn<CMyEditText>(IDD_TEST_EDIT_TEXT, field(text)),
+        CodesIn<CMyCombobox>(IDD_TEST_COMBOBOX, field(number), std::span<const ComboItem>{}),
+    };
+    for (const DialogCodes& codes : all) {
+        EXPECT_NE(codes.ofClass & ~LRESULT{DLGC_WANTALLKEYS}, 0);
+        EXPECT_EQ(codes.bound, codes.ofClass | DLGC_WANTALLKEYS);
+    }
 }
 
-TEST_F(FocusOfABoundControl, IsAskedForAllKeysInChecksAndListsToo) {
-    std::int32_t number = 0;
+TEST_F(DialogCodeOfABoundControl, LetsAnAccessKeyClickACheckBox) {
+    std::int32_t flag = 0;
     CMyCheckbox box;
-    CMyCombobox list;
-    ControlTest::Open(IDD_TEST_CHECKBOX, [&](TestPage& bound) { box.Bind(bound, IDC_TEST_SUBJECT, number); });
-    EXPECT_EQ(SendMessageW(Control(), WM_GETDLGCODE, 0, 0), DLGC_WANTALLKEYS);
-    ControlTest::Open(IDD_TEST_COMBOBOX,
-                      [&](TestPage& bound) { list.Bind(bound, IDC_TEST_SUBJECT, number, {}); });
-    EXPECT_EQ(SendMessageW(Control(), WM_GETDLGCODE, 0, 0), DLGC_WANTALLKEYS);
+    Open(IDD_TEST_CHECKBOX, [&](TestPage& bound) { box.Bind(bound, IDC_TEST_SUBJECT, flag); });
+    SetWindowTextW(Control(), L"Sub&ject");
+    Focus(IDC_TEST_DEPENDENT_EDIT);
+    PressKey('J', {VK_MENU});
+    EXPECT_TRUE(Until([&] { return box.IsChecked(); }));
+    EXPECT_TRUE(IsApplyEnabled());
+    EXPECT_EQ(GetFocus(), Control());
+}
+
+TEST_F(DialogCodeOfABoundControl, LetsAnAccessKeyChooseARadioButtonFromABoundBox) {
+    std::int32_t choice = 0;
+    std::wstring text;
+    CMyRadioButton radio;
+    CMyEditText edit;
+    Open(IDD_TEST_RADIO_BUTTON, [&](TestPage& bound) {
+        radio.Bind(bound, IDC_TEST_OTHER_RADIO, choice, {.value = 1});
+        edit.Bind(bound, IDC_TEST_DEPENDENT_EDIT, text);
+    });
+    SetWindowTextW(Control(IDC_TEST_OTHER_RADIO), L"Ot&her");
+    Focus(IDC_TEST_DEPENDENT_EDIT);
+    PressKey('H', {VK_MENU});
+    EXPECT_TRUE(Until([&] { return radio.IsChecked(); }));
+    EXPECT_EQ(Text(IDC_TEST_DEPENDENT_EDIT), L"");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <stdexcept>
 
+#include "controls/focus.h"
 #include "framework/module.h"
 #include "framework/window_text.h"
 #include "tests/support/keyboard.h"
@@ -20,8 +21,11 @@ constexpr WORD kMarkerKey = VK_F24;
 
 }  // namespace
 
-std::optional<LRESULT> TestMain::ProcessWindowMessage(HWND, UINT msg, WPARAM wParam, LPARAM) {
+std::optional<LRESULT> TestMain::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
+    if (msg == WM_CHANGEUISTATE) changesOfCues.push_back(wParam);
     if (msg != WM_COMMAND) return std::nullopt;
+    HWND owner = CommandOwner(hwnd, reinterpret_cast<HWND>(lParam));
+    if (owner != hwnd) return SendMessageW(owner, msg, wParam, lParam);
     if (wParam == IDOK) ++defaultButtonPresses;
     if (wParam == IDCANCEL) ++cancels;
     return std::nullopt;
@@ -88,6 +92,10 @@ bool ControlTest::Until(const std::function<bool()>& condition) const {
 
 bool ControlTest::FocusReaches(HWND window) const {
     return Until([&] { return GetFocus() == window; });
+}
+
+bool ControlTest::IsDefault(HWND button) const {
+    return (SendMessageW(button, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) != 0;
 }
 
 // A thread's view of a key changes when it takes the key's message from its queue.

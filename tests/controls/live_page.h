@@ -14,11 +14,14 @@
 
 namespace vmk::test {
 
-// Stands for the preferences dialog: the page's parent with the Apply button. It counts what reaches it.
+// Stands for the preferences dialog: the page's parent with the Apply button. It counts what reaches it, and
+// hands on what is for the page.
 class TestMain : public Dialog {
   public:
     int defaultButtonPresses = 0;
     int cancels = 0;
+    std::vector<WPARAM>
+        changesOfCues;  // what it was asked to show of, or to hide from, users of the keyboard
 
   private:
     std::optional<LRESULT> ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
@@ -69,6 +72,8 @@ class ControlTest : public testing::Test {
     // Runs the message loop until the condition holds.
     bool Until(const std::function<bool()>& condition) const;
     bool FocusReaches(HWND window) const;
+    // Whether the button is the one that Enter would press.
+    bool IsDefault(HWND button) const;
     // Runs the message loop until everything pressed so far has arrived.
     void Settle();
 
