@@ -7,6 +7,8 @@ namespace vmk {
 void CMyEditText::Bind(BoundDialog& page, UINT id, std::wstring& field) {
     Attach(page, id);
     m_field = &field;
+    // A box takes no typing beyond the limit that it starts with; a text has none of its own.
+    SendMessageW(Handle(), EM_SETLIMITTEXT, 0, 0);
     Show();
 }
 

@@ -148,6 +148,7 @@ void CDlgDigSign::LoadReasons() {
     HWND list = Item(IDC_SIGNATURE_REASON);
     for (const wchar_t* const reason : kReasons)
         SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Translate(reason).c_str()));
+    SendMessageW(list, CB_LIMITTEXT, 0, 0);  // as many characters as the system allows
     SetWindowTextW(list, settings->Security.Digisig.Reason.c_str());
 }
 

@@ -64,6 +64,14 @@ TEST_F(BoundEditText, StoresTextsOfAnyLengthWhole) {
     EXPECT_EQ(field, longText);
 }
 
+TEST_F(BoundEditText, TakesTextsOfAnyLengthFromTheUser) {
+    const std::wstring longText(100'000, L'x');
+    Open(L"");
+    EnterText(longText);
+    edit->Store();
+    EXPECT_TRUE(field == longText) << field.size();
+}
+
 TEST_F(BoundEditText, APasswordBoxStoresWhatIsTyped) {
     Open(L"old secret");
     EnterText(L"new secret", IDC_TEST_LAST_STOP);

@@ -1,6 +1,11 @@
+#include <windows.h>
+
 #include <gtest/gtest.h>
+// commctrl.h needs windows.h before it.
+#include <commctrl.h>
 
 #include <string>
+#include <vector>
 
 #include "tests/support/full_use.h"
 #include "tests/support/live_dialog.h"
@@ -162,6 +167,35 @@ TEST(AllPages, EachGroupOfRadioButtonsHasItsChosenButtonForTabStopAlsoWhileItIsS
         }
         EXPECT_EQ(groups, 6U);
     }
+}
+
+// The boxes of a page that hold texts, also those inside lists. Boxes of numbers have a spin control.
+std::vector<HWND> TextBoxes(const LiveWindow& page) {
+    const auto collect = [](HWND child, LPARAM boxes) -> BOOL {
+        wchar_t name[16] = {};
+        GetClassNameW(child, name, 16);
+        if (std::wstring(name) == L"Edit") reinterpret_cast<std::vector<HWND>*>(boxes)->push_back(child);
+        return TRUE;
+    };
+    std::vector<HWND> boxes;
+    EnumChildWindows(page.Handle(), collect, reinterpret_cast<LPARAM>(&boxes));
+    std::erase_if(
+        boxes, [](HWND box) { return SendMessageW(GetWindow(box, GW_HWNDNEXT), UDM_GETBUDDY, 0, 0) != 0; });
+    return boxes;
+}
+
+TEST(AllPages, EveryBoxOfTextTakesAsMuchAsTheSystemAllows) {
+    constexpr LRESULT kLargest = 0x7FFFFFFE;
+    const LiveDialog dialog;
+    size_t boxes = 0;
+    for (const std::wstring& name : dialog.PageNames()) {
+        for (HWND box : TextBoxes(dialog.Page(name))) {
+            ++boxes;
+            EXPECT_GE(SendMessageW(box, EM_GETLIMITTEXT, 0, 0), kLargest)
+                << testing::PrintToString(name) << ' ' << GetDlgCtrlID(box);
+        }
+    }
+    EXPECT_EQ(boxes, 25U);
 }
 
 TEST(AllPages, AfterCancelOnlyTheEmailPageHasStoredItsChange) {

@@ -119,6 +119,14 @@ TEST_F(DocumentInfoPage, TextsOfAnyLengthAreShownAndStoredWhole) {
     EXPECT_EQ(dialog->Record().Info.Subject, longText);
 }
 
+TEST_F(DocumentInfoPage, TextsOfAnyLengthCanBeEntered) {
+    const std::wstring longText(40'000, L'x');
+    Open();
+    for (const Field& field : kFields) page.EnterText(field.id, longText);
+    dialog->Apply();
+    for (const Field& field : kFields) EXPECT_TRUE(Recorded(field) == longText) << field.name;
+}
+
 TEST_F(DocumentInfoPage, AnEmptiedBoxStoresTheEmptyText) {
     OpenFilled(1);
     page.EnterText(IDC_DOCINFO_AUTHOR, L"");
