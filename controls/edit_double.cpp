@@ -41,11 +41,6 @@ void CMyEditDouble::SetNumber(double number) {
     ShowNumber(number);
 }
 
-void CMyEditDouble::Rebase(double number) {
-    m_stored = number;
-    SetNumber(number);
-}
-
 bool CMyEditDouble::Accepts(double number) const {
     return !HasRange() || (m_options.minimum <= number && number <= m_options.maximum);
 }

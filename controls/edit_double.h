@@ -26,8 +26,9 @@ class CMyEditDouble final : public BoundControl, public SteppedEdit {
     double ReadNumber() const;
     // Makes a number both the working value and what is shown.
     void SetNumber(double number);
-    // Makes a number the stored value as well: the same quantity in another unit.
-    void Rebase(double number);
+    // Says what the settings hold by now, rounded as they hold it, in the unit on screen: a refused entry
+    // gives way to it.
+    void SetStored(double number) { m_stored = number; }
 
     bool StepUp() override { return Step(m_options.step); }
     bool StepDown() override { return Step(-m_options.step); }

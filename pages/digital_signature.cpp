@@ -195,9 +195,19 @@ void CDlgDigSign::StorePage() {
     const auto stored = StoredLengths();
     for (size_t index = 0; index < m_lengths.size(); ++index)
         *stored[index] = ToStoredLength(ToPoints(m_lengths[index].edit.ReadNumber(), UnitOf(m_unit)));
+    NoteStoredLengths();
     group.Flags = Flags();
     m_page.Store();
     m_image.Store();
+}
+
+// What a refused entry gives way to is what is stored, in the unit on screen.
+void CDlgDigSign::NoteStoredLengths() {
+    const auto stored = StoredLengths();
+    for (size_t index = 0; index < m_lengths.size(); ++index) {
+        const double points = ToPoints(*stored[index] / kStoredPerMillimetre, LengthUnit::kMillimetres);
+        m_lengths[index].edit.SetStored(FromPoints(points, UnitOf(m_unit)));
+    }
 }
 
 // Bits that the page does not show are written as 0.
@@ -250,9 +260,10 @@ void CDlgDigSign::OnUnitSelected() {
     if (selected == m_unit || selected == CMyCombobox::kNoSelection) return;
     for (Length& length : m_lengths) {
         const double points = ToPoints(length.edit.ReadNumber(), UnitOf(m_unit));
-        length.edit.Rebase(FromPoints(points, UnitOf(selected)));
+        length.edit.SetNumber(FromPoints(points, UnitOf(selected)));
     }
     m_unit = selected;
+    NoteStoredLengths();
 }
 
 }  // namespace vmk

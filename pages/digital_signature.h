@@ -40,6 +40,7 @@ class CDlgDigSign final : public CPage {
     void LoadPosition();
     void LoadAppearance();
     std::array<std::int32_t*, 4> StoredLengths() const;
+    void NoteStoredLengths();
     std::int32_t Flags() const;
 
     void OnEnableClicked();

@@ -80,6 +80,7 @@ void CDlgLinks::StorePage() {
     m_style.Store();
     m_width.Store();
     group.Border.Width = TruncateToInt32(m_widthInPoints * kTenths);
+    m_width.SetStored(group.Border.Width / kTenths);
     group.Border.Color = static_cast<std::int32_t>(m_color);
 }
 

@@ -148,8 +148,10 @@ void CDlgSave::StorePage() {
     m_whenExists.Store();
     m_start.Store();
     settings->Save.AutoNumber.Start = TruncateToInt32(m_startNumber);
+    m_start.SetStored(settings->Save.AutoNumber.Start);
     m_digits.Store();
     settings->Save.AutoNumber.Digits = TruncateToInt32(m_digitsNumber);
+    m_digits.SetStored(settings->Save.AutoNumber.Digits);
     m_run.Store();
     m_folder.Store();
     m_fileName.Store();

@@ -499,6 +499,27 @@ TEST_F(DigitalSignaturePage, ALengthOutsideItsLimitsGivesWayToTheLastStoredOneIn
     EXPECT_EQ(page.Text(IDC_SIGNATURE_LEFT), L"72.000");
 }
 
+TEST_F(DigitalSignaturePage, ARefusedLengthGivesWayToTheAppliedOne) {
+    signature.Left = 254;
+    Open();
+    page.EnterTextAndLeave(IDC_SIGNATURE_LEFT, L"30", IDC_SIGNATURE_FILE);
+    EXPECT_EQ(Applied().Left, 300);
+    page.EnterTextAndLeave(IDC_SIGNATURE_LEFT, L"-1", IDC_SIGNATURE_FILE);
+    EXPECT_EQ(page.Text(IDC_SIGNATURE_LEFT), L"30.000");
+    EXPECT_EQ(dialog->Ok(), 1);
+    EXPECT_EQ(dialog->Record().Security.Digisig.Left, 300);
+}
+
+TEST_F(DigitalSignaturePage, ARefusedLengthGivesWayToTheStoredOneAlsoAfterAnotherWasShownInTwoUnits) {
+    signature.Left = 254;
+    Open();
+    page.EnterTextAndLeave(IDC_SIGNATURE_LEFT, L"50.8", IDC_SIGNATURE_FILE);
+    page.Choose(IDC_SIGNATURE_UNITS, L"inches");
+    EXPECT_EQ(page.Text(IDC_SIGNATURE_LEFT), L"2.000");
+    page.EnterTextAndLeave(IDC_SIGNATURE_LEFT, L"-1", IDC_SIGNATURE_FILE);
+    EXPECT_EQ(page.Text(IDC_SIGNATURE_LEFT), L"1.000");
+}
+
 // The rest
 
 TEST_F(DigitalSignaturePage, TranslatedItemsKeepTheirValues) {

@@ -292,6 +292,15 @@ TEST_F(LinksPage, AWidthOutsideItsLimitsGivesWayToTheLastStoredOne) {
     EXPECT_EQ(AppliedWidth(), 50);
 }
 
+TEST_F(LinksPage, ARefusedWidthGivesWayToTheAppliedOneAsItIsStored) {
+    Open();
+    EnterWidth(L"3.79");
+    EXPECT_EQ(AppliedWidth(), 37);
+    EnterWidth(L"9");
+    EXPECT_EQ(page.Text(IDC_LINKS_WIDTH), L"3.7");
+    EXPECT_EQ(AppliedWidth(), 37);
+}
+
 TEST_F(LinksPage, AWidthIsStoredInTenthsWithTheRestCutOff) {
     Open();
     EnterWidth(L"3.79");

@@ -253,6 +253,16 @@ TEST(SavePage, ANumberOutsideTheLimitsIsRefused) {
     }
 }
 
+TEST(SavePage, ARefusedNumberGivesWayToTheAppliedOneAsItIsStored) {
+    for (const UINT edit : {UINT{IDC_SAVE_START}, UINT{IDC_SAVE_DIGITS}}) {
+        const RecordPage open(Numbering());
+        open.page.EnterTextAndLeave(edit, L"4.7", IDC_SAVE_FILE_NAME);
+        open.dialog.Apply();
+        open.page.EnterTextAndLeave(edit, L"-1", IDC_SAVE_FILE_NAME);
+        EXPECT_EQ(open.page.Text(edit), L"4");
+    }
+}
+
 TEST(SavePage, NumbersAtTheLimitsAreStored) {
     for (const auto& [start, digits] : {std::pair(0, 1), std::pair(2147483647, 6)}) {
         const RecordPage open(Numbering());
