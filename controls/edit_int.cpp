@@ -17,6 +17,11 @@ void CMyEditInt::ShowNumber(std::int32_t number) {
     SetDlgItemInt(Page().Handle(), static_cast<int>(Id()), static_cast<UINT>(number), TRUE);
 }
 
+void CMyEditInt::SetNumber(std::int32_t number) {
+    m_working = number;
+    ShowNumber(number);
+}
+
 std::int32_t CMyEditInt::ReadNumber() const {
     return static_cast<std::int32_t>(GetDlgItemInt(Page().Handle(), static_cast<int>(Id()), nullptr, TRUE));
 }
@@ -28,9 +33,8 @@ bool CMyEditInt::Accepts(std::int32_t number) const {
 bool CMyEditInt::Step(std::int64_t change) {
     if (!HasRange()) return false;
     const std::int64_t wanted = ReadNumber() + change;
-    m_working = static_cast<std::int32_t>(
-        std::clamp<std::int64_t>(wanted, m_options.minimum, std::max(m_options.minimum, m_options.maximum)));
-    ShowNumber(m_working);
+    SetNumber(static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(wanted, m_options.minimum, std::max(m_options.minimum, m_options.maximum))));
     EnableApply();
     return true;
 }
@@ -38,8 +42,7 @@ bool CMyEditInt::Step(std::int64_t change) {
 // The focus may be lost because the user has cancelled everything.
 void CMyEditInt::ShowStored() {
     const NoChangeByUser refusal(*this);
-    m_working = m_stored;
-    ShowNumber(m_stored);
+    SetNumber(m_stored);
 }
 
 void CMyEditInt::Store() {

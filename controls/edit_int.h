@@ -22,6 +22,10 @@ class CMyEditInt final : public BoundControl, public SteppedEdit {
     // Writes a number into the box; it becomes the working value when the box next loses the focus or is
     // stepped.
     void ShowNumber(std::int32_t number);
+    // Makes a number both the working value and what is shown.
+    void SetNumber(std::int32_t number);
+    // Says what the settings hold, as the box shows it: a refused entry gives way to it.
+    void SetStored(std::int32_t number) { m_stored = number; }
 
     bool StepUp() override { return Step(m_options.step); }
     bool StepDown() override { return Step(-std::int64_t{m_options.step}); }

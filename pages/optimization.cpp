@@ -42,10 +42,18 @@ void CDlgOptimization::LoadPage() {
     m_optimizeImages.Bind(*this, IDC_OPTIMIZATION_OPTIMIZE_IMAGES, optimization.OptimizeImages,
                           {.ids = kMemoryControls});
     m_swap.Bind(*this, IDC_OPTIMIZATION_SWAP, optimization.SwapToDisk.Enabled, {.ids = kThresholdControls});
-    m_threshold.Bind(*this, IDC_OPTIMIZATION_SWAP_THRESHOLD, optimization.SwapToDisk.Megabytes, kThreshold);
+    BindThreshold(optimization.SwapToDisk.Megabytes);
     m_blendMode.Show();
     m_deTessellation.Show();
     ShowMemoryManagement();
+}
+
+// 0 is stored for no swapping. It is no threshold that could be edited, so the box starts with the smallest.
+void CDlgOptimization::BindThreshold(std::int32_t& megabytes) {
+    m_threshold.Bind(*this, IDC_OPTIMIZATION_SWAP_THRESHOLD, megabytes, kThreshold);
+    if (megabytes != 0) return;
+    m_threshold.SetNumber(kThreshold.minimum);
+    m_threshold.SetStored(kThreshold.minimum);
 }
 
 // The threshold's controls belong to both boxes; whichever is shown last decides about them.

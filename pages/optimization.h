@@ -20,6 +20,7 @@ class CDlgOptimization final : public CPage {
     bool OnNotify(const NMHDR& header) override;
     std::span<const Spin> Spins() override { return m_spins; }
 
+    void BindThreshold(std::int32_t& megabytes);
     void ShowMemoryManagement();
 
     CMyCombobox m_blendMode;

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/language_folder.h"
@@ -148,8 +149,33 @@ TEST_F(OptimizationPage, WithOptimizationOfImagesTheSwapFlagDecidesAboutTheThres
         EXPECT_TRUE(m_page.IsEnabled(kSwap));
         EXPECT_EQ(m_page.AreEnabled(kThresholdControls), swapToDisk != 0);
         EXPECT_EQ(m_page.AreDisabled(kThresholdControls), swapToDisk == 0);
-        EXPECT_EQ(m_page.Text(kThreshold), std::to_wstring(swapToDisk));
     }
+}
+
+TEST_F(OptimizationPage, TheStoredThresholdIsShownAndZeroAsTheSmallest) {
+    for (const auto& [stored, shown] : {std::pair{0, L"1"}, {1, L"1"}, {5, L"5"}, {100, L"100"}}) {
+        OpenOn(1, stored);
+        EXPECT_EQ(m_page.Text(kThreshold), shown);
+        EXPECT_FALSE(m_dialog->IsApplyEnabled());
+        EXPECT_EQ(m_dialog->Ok(), 1);
+        EXPECT_EQ(StoredNumber("Optimization.SwapToDisk"), stored);
+    }
+}
+
+TEST_F(OptimizationPage, SwitchingSwappingOnAfterZeroWasStoredStoresTheSmallestThreshold) {
+    OpenOn(1, 0);
+    m_page.Click(kSwap);
+    EXPECT_EQ(m_dialog->Ok(), 1);
+    EXPECT_EQ(StoredNumber("Optimization.SwapToDisk"), 1);
+}
+
+TEST_F(OptimizationPage, ARefusedThresholdGivesWayToTheSmallestAfterZeroWasStored) {
+    OpenOn(1, 0);
+    m_page.Click(kSwap);
+    m_page.EnterTextAndLeave(kThreshold, L"9", kSwap);
+    EXPECT_EQ(m_page.Text(kThreshold), L"1");
+    m_page.Focus(kSwap);
+    EXPECT_TRUE(m_dialog->FocusReaches(m_page.Control(kSwap)));
 }
 
 TEST_F(OptimizationPage, CheckingOptimizationEnablesWhatTheSwapFlagAllows) {
