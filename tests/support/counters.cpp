@@ -3,6 +3,7 @@
 #include <winternl.h>
 
 #include <array>
+#include <optional>
 #include <ostream>
 #include <stdexcept>
 
@@ -95,11 +96,65 @@ BOOL CALLBACK CountWindow(HWND window, LPARAM count) noexcept {
     return TRUE;
 }
 
+// A small size that has been asked for some 2,000 times is served by Wine 10 from groups of blocks, which a
+// heap keeps once it has made them. A walk shows a group as one block in use, whatever is in it.
+class BlockGroup {
+  public:
+    // Nothing when the block in use is no such group.
+    static std::optional<BlockGroup> At(const PROCESS_HEAP_ENTRY& entry) noexcept {
+        if (entry.cbData <= kHeader || (entry.cbData - kHeader) % (kBlocks * kUnit) != 0) return std::nullopt;
+        const BlockGroup group(entry);
+        for (unsigned index = 0; index < kBlocks; ++index) {
+            const BlockHead& head = group.Head(index);
+            if (head.units != group.m_stride / kUnit || head.index != index) return std::nullopt;
+        }
+        return group;
+    }
+
+    void Count(HANDLE heap, ResourceCounts& counts) const noexcept {
+        for (unsigned index = 0; index < kBlocks; ++index) {
+            if (m_free >> index & 1) continue;
+            ++counts.heapBlocks;
+            counts.heapBytes += HeapSize(heap, 0, &Head(index) + 1);
+        }
+    }
+
+  private:
+    struct BlockHead {
+        WORD units;
+        WORD unused;  // bytes
+        WORD index;
+        WORD kind;
+    };
+
+    static constexpr DWORD kBlocks = 31;
+    static constexpr DWORD kUnit = 16;
+    static constexpr DWORD kFreeBits = 16;  // where the bits of the free blocks are
+    static constexpr DWORD kHeader = 24;
+
+    explicit BlockGroup(const PROCESS_HEAP_ENTRY& entry) noexcept
+        : m_start(static_cast<const BYTE*>(entry.lpData)),
+          m_stride((entry.cbData - kHeader) / kBlocks),
+          m_free(*reinterpret_cast<const DWORD*>(m_start + kFreeBits)) {}
+
+    const BlockHead& Head(unsigned index) const noexcept {
+        return *reinterpret_cast<const BlockHead*>(m_start + kHeader + index * m_stride);
+    }
+
+    const BYTE* m_start;
+    std::size_t m_stride;  // from one block to the next
+    DWORD m_free;
+};
+
 void CountHeap(HANDLE heap, ResourceCounts& counts) noexcept {
     if (!HeapLock(heap)) return;
     PROCESS_HEAP_ENTRY entry{};
     while (HeapWalk(heap, &entry)) {
         if (!(entry.wFlags & PROCESS_HEAP_ENTRY_BUSY)) continue;
+        if (const auto group = BlockGroup::At(entry)) {
+            group->Count(heap, counts);
+            continue;
+        }
         ++counts.heapBlocks;
         counts.heapBytes += entry.cbData;
     }

@@ -70,5 +70,28 @@ TEST(Counters, SeeTheRuntimesHeap) {
     EXPECT_EQ(CountResources(), before);
 }
 
+TEST(Counters, SeeEveryHeapBlockOfASizeThatIsInMuchUse) {
+    constexpr std::size_t kSize = 40;
+    for (int time = 0; time < 3000; ++time)
+        HeapFree(GetProcessHeap(), 0, HeapAlloc(GetProcessHeap(), 0, kSize));
+    const ResourceCounts before = CountResources();
+    std::array<void*, 100> blocks{};
+    for (void*& block : blocks) block = HeapAlloc(GetProcessHeap(), 0, kSize);
+    const ResourceCounts during = CountResources();
+    EXPECT_EQ(during.heapBlocks, before.heapBlocks + blocks.size());
+    EXPECT_EQ(during.heapBytes, before.heapBytes + blocks.size() * kSize);
+    for (void* block : blocks) HeapFree(GetProcessHeap(), 0, block);
+    EXPECT_EQ(CountResources(), before);
+}
+
+TEST(Counters, StayTheSameHoweverOftenABlockIsMadeAndFreed) {
+    const ResourceCounts before = CountResources();
+    for (std::size_t size = 1; size <= 600; ++size) {
+        for (int time = 0; time < 3000; ++time)
+            HeapFree(GetProcessHeap(), 0, HeapAlloc(GetProcessHeap(), 0, size));
+    }
+    EXPECT_EQ(CountResources(), before);
+}
+
 }  // namespace
 }  // namespace vmk::test
