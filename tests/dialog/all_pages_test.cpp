@@ -147,7 +147,7 @@ std::vector<std::vector<HWND>> RadioGroups(const LiveWindow& page) {
 
 TEST(AllPages, EachGroupOfRadioButtonsHasItsChosenButtonForTabStopAlsoWhileItIsSwitchedOff) {
     for (const bool inUse : {true, false}) {
-        PrinterSettings settings = inUse ? InFullUse() : Initial();
+        PrinterSettings settings = inUse ? SettingsInFullUse() : Initial();
         settings.General.PDFSpec = 5;
         settings.Overlay.VAlign = 2;
         settings.Save.ShowSaveDialog = 1;
