@@ -1,4 +1,4 @@
-#include "docs/settings_reference.h"
+#include "tools/settings_reference.h"
 
 #include <gtest/gtest.h>
 
@@ -39,7 +39,7 @@ TEST(SettingsReference, DocumentIsUpToDate) {
     ASSERT_TRUE(file) << VMK_SETTINGS_REFERENCE;
     const std::string document{std::istreambuf_iterator<char>(file), {}};
     EXPECT_TRUE(document == SettingsReference())
-        << "docs/settings.md is out of date: run build/native/docs/settings_reference >docs/settings.md";
+        << "docs/settings.md is out of date: run build/native/tools/settings_reference >docs/settings.md";
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "docs/setting_descriptions.h"
+#include "tools/setting_descriptions.h"
 
 namespace vmk::docs {
 

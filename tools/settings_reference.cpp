@@ -1,4 +1,4 @@
-#include "docs/settings_reference.h"
+#include "tools/settings_reference.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -38,7 +38,7 @@ constexpr Group kGroups[] = {
 constexpr std::string_view kIntroduction =
     "# Settings\n"
     "\n"
-    "Written by `settings_reference` from `settings/fields.h` and `docs/setting_descriptions.h`; do not "
+    "Written by `settings_reference` from `settings/fields.h` and `tools/setting_descriptions.h`; do not "
     "edit.\n"
     "\n"
     "Each setting is one named value of the key\n"

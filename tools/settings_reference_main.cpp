@@ -4,7 +4,7 @@
 #include <exception>
 #include <string>
 
-#include "docs/settings_reference.h"
+#include "tools/settings_reference.h"
 
 int main() {
     try {
