@@ -26,9 +26,13 @@ struct SwapToDisk {
 // (fields.h pairs the two); its initialiser is the one place of its default. Flags are 0 or 1 but keep
 // whatever number was stored; the meaning of each choice value is the item table of the page that shows it.
 struct PrinterSettings {
-    // Declared, so that PrinterSettings{} is no aggregate initialisation: GCC 12 spells that out member by
-    // member and warns of members that a throw on the way would leave uninitialised.
-    PrinterSettings() = default;
+    // Made and copied in many places: once in the binary is enough.
+    PrinterSettings();
+    ~PrinterSettings();
+    PrinterSettings(const PrinterSettings&);
+    PrinterSettings& operator=(const PrinterSettings&);
+    PrinterSettings(PrinterSettings&&) noexcept;
+    PrinterSettings& operator=(PrinterSettings&&) noexcept;
 
     struct PaperGroup {
         std::int32_t Nup = 1;       // choice: pages per sheet
