@@ -27,9 +27,8 @@ class InvokeArguments {
     // DISP_E_BADPARAMCOUNT    too few or too many
     // DISP_E_PARAMNOTFOUND    named for no parameter, or for one that has an argument already
     // DISP_E_PARAMNOTOPTIONAL left out by the host's word for that
-    // DISP_E_TYPEMISMATCH     of a type that the parameter's cannot be made from; a reference that is null,
-    // or
-    //                         for an [out] parameter one to another type
+    // DISP_E_TYPEMISMATCH     of a type that the parameter's cannot be made from; a null reference; for an
+    //                         [out] parameter a reference to another type
     // DISP_E_OVERFLOW         a number out of range
     HRESULT Bind(const FUNCDESC& method, const DISPPARAMS& given, LCID locale, UINT* badArgument);
 
