@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "base/registry_key.h"
 #include "settings/fields.h"
-#include "settings/registry_key.h"
 #include "settings/registry_store.h"
 
 namespace vmk {

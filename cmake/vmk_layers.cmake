@@ -1,7 +1,6 @@
 # Compiler settings shared by every target, and the functions that declare layers and tests.
 
 add_library(vmk_options INTERFACE)
-target_include_directories(vmk_options INTERFACE ${PROJECT_SOURCE_DIR})
 if(MSVC)
   target_compile_options(vmk_options INTERFACE /W4 /WX /permissive- /utf-8 /Zc:__cplusplus)
 else()
@@ -34,9 +33,26 @@ if(MINGW)
   target_link_options(vmk_options INTERFACE -static -Wl,--gc-sections -Wl,--no-insert-timestamp)
 endif()
 
+# Tests, benchmarks and fuzzers stand outside the house and may look into every room.
+add_library(vmk_test_options INTERFACE)
+target_link_libraries(vmk_test_options INTERFACE vmk_options)
+target_include_directories(vmk_test_options INTERFACE ${PROJECT_SOURCE_DIR})
+
+# vmk_let_include(TARGET SCOPE FOLDER)
+#
+# Lets the target include the headers of a folder of the project as "FOLDER/...", and with the scope PUBLIC or
+# INTERFACE whoever links the target. There is no other way to them: a folder that is not let in does not compile.
+function(vmk_let_include target scope folder)
+  set(root ${PROJECT_BINARY_DIR}/include_roots/${folder})
+  file(MAKE_DIRECTORY ${root})
+  file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${root}/${folder} COPY_ON_ERROR SYMBOLIC)
+  target_include_directories(${target} ${scope} ${root})
+endfunction()
+
 # vmk_add_layer(NAME [SOURCES file...] [WINDOWS_SOURCES file...] [DEPENDS target...])
 #
-# One folder, one layer, one static library called vmk_NAME. WINDOWS_SOURCES are left out on the build machine.
+# One folder, one layer, one static library called vmk_NAME. DEPENDS names the layers below it: it can include their
+# headers and what they can include themselves, and no others. WINDOWS_SOURCES are left out on the build machine.
 # Every header of the folder is also compiled by itself when tests are built, so that each stands alone.
 function(vmk_add_layer name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;WINDOWS_SOURCES;DEPENDS")
@@ -47,7 +63,7 @@ function(vmk_add_layer name)
 
   if(sources)
     add_library(vmk_${name} STATIC ${sources})
-    target_link_libraries(vmk_${name} PUBLIC vmk_options ${arg_DEPENDS})
+    set(scope PUBLIC)
     if(NOT MSVC)
       # No extensions of one compiler in what is shipped.
       target_compile_options(vmk_${name} PRIVATE -Wpedantic)
@@ -57,8 +73,11 @@ function(vmk_add_layer name)
     endif()
   else()
     add_library(vmk_${name} INTERFACE)
-    target_link_libraries(vmk_${name} INTERFACE vmk_options ${arg_DEPENDS})
+    set(scope INTERFACE)
   endif()
+  target_link_libraries(vmk_${name} ${scope} vmk_options ${arg_DEPENDS})
+  vmk_let_include(vmk_${name} ${scope} ${name})
+  set_property(GLOBAL APPEND PROPERTY VMK_LAYERS ${name})
 
   if(WIN32 AND BUILD_TESTING)
     file(GLOB headers RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
@@ -70,7 +89,7 @@ function(vmk_add_layer name)
     endforeach()
     if(checks)
       add_library(vmk_${name}_headers OBJECT ${checks})
-      target_link_libraries(vmk_${name}_headers PRIVATE vmk_options ${arg_DEPENDS})
+      target_link_libraries(vmk_${name}_headers PRIVATE vmk_${name})
     endif()
   endif()
 endfunction()
@@ -103,7 +122,7 @@ function(vmk_add_tests name)
   endif()
 
   add_executable(${name}_test ${arg_SOURCES})
-  target_link_libraries(${name}_test PRIVATE vmk_options ${arg_LIBRARIES} GTest::gmock_main)
+  target_link_libraries(${name}_test PRIVATE vmk_test_options ${arg_LIBRARIES} GTest::gmock_main)
   # Tests are compiled more often than they are waited for, and linked without the layers' symbols for debuggers.
   target_compile_options(${name}_test PRIVATE -O0)
   if(MINGW)

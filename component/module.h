@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
+#include "base/com_pointer.h"
 #include "component/registrar.h"
-#include "framework/com_pointer.h"
 #include "framework/module.h"
 
 namespace vmk {

@@ -4,10 +4,10 @@
 
 #include <oaidl.h>
 
+#include "base/com_pointer.h"
 #include "component/dispatcher.h"
 #include "component/module_lock.h"
 #include "component/preferences_editor.h"
-#include "framework/com_pointer.h"
 #include "vmkctrl.h"
 
 namespace vmk {

@@ -4,7 +4,7 @@
 
 #include <oaidl.h>
 
-#include "framework/com_pointer.h"
+#include "base/com_pointer.h"
 
 namespace vmk {
 

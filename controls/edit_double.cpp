@@ -6,7 +6,7 @@
 #include <cwchar>
 #include <string>
 
-#include "framework/window_text.h"
+#include "base/window_text.h"
 
 namespace vmk {
 namespace {

@@ -1,6 +1,6 @@
 #include "controls/edit_text.h"
 
-#include "settings/passwords.h"
+#include "base/wipe.h"
 
 namespace vmk {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "base/window_text.h"
 #include "controls/bound_control.h"
-#include "framework/window_text.h"
 
 namespace vmk {
 

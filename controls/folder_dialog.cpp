@@ -4,7 +4,7 @@
 
 #include <shlobj.h>
 
-#include "framework/handle.h"
+#include "base/handle.h"
 
 namespace vmk {
 namespace {

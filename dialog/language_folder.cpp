@@ -5,7 +5,7 @@
 #include <array>
 #include <string_view>
 
-#include "settings/registry_key.h"
+#include "base/registry_key.h"
 #include "settings/registry_path.h"
 
 namespace vmk {

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "framework/critical_section.h"
+#include "base/critical_section.h"
 
 namespace vmk {
 

@@ -1,6 +1,6 @@
 #include "framework/dpi_awareness.h"
 
-#include "framework/library.h"
+#include "base/library.h"
 
 namespace vmk {
 namespace {

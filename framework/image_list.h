@@ -4,7 +4,7 @@
 // commctrl.h needs windows.h before it.
 #include <commctrl.h>
 
-#include "framework/handle.h"
+#include "base/handle.h"
 #include "framework/module.h"
 
 namespace vmk {

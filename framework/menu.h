@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "framework/handle.h"
+#include "base/handle.h"
 #include "framework/module.h"
 
 namespace vmk {

@@ -5,9 +5,9 @@
 #include <atomic>
 #include <string>
 
+#include "base/critical_section.h"
+#include "base/library.h"
 #include "framework/creation_list.h"
-#include "framework/critical_section.h"
-#include "framework/library.h"
 
 namespace vmk {
 

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "framework/library.h"
+#include "base/library.h"
 #include "framework/module.h"
 
 namespace vmk {

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "framework/handle.h"
+#include "base/handle.h"
 #include "host/failure.h"
 #include "host/text.h"
 

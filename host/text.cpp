@@ -4,27 +4,13 @@
 
 #include <algorithm>
 
+#include "base/code_page.h"
+
 namespace vmk {
 namespace {
 
 // The component converts what it stores with the thread's code page, which may differ from the system's.
 constexpr UINT kAnsi = CP_THREAD_ACP;
-
-std::string FromWide(std::wstring_view text, UINT codePage) {
-    const int length = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(codePage, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string result(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(codePage, 0, text.data(), length, result.data(), size, nullptr, nullptr);
-    return result;
-}
-
-std::wstring ToWide(std::string_view text, UINT codePage) {
-    const int length = static_cast<int>(text.size());
-    const int size = MultiByteToWideChar(codePage, 0, text.data(), length, nullptr, 0);
-    std::wstring result(static_cast<std::size_t>(size), L'\0');
-    MultiByteToWideChar(codePage, 0, text.data(), length, result.data(), size);
-    return result;
-}
 
 constexpr char Lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -33,19 +19,19 @@ constexpr char Lower(char c) {
 }  // namespace
 
 std::string Utf8FromWide(std::wstring_view text) {
-    return FromWide(text, CP_UTF8);
+    return Narrow(text, CP_UTF8);
 }
 
 std::wstring WideFromUtf8(std::string_view text) {
-    return ToWide(text, CP_UTF8);
+    return Widen(text, CP_UTF8);
 }
 
 std::string AnsiFromWide(std::wstring_view text) {
-    return FromWide(text, kAnsi);
+    return Narrow(text, kAnsi);
 }
 
 std::wstring WideFromAnsi(std::string_view text) {
-    return ToWide(text, kAnsi);
+    return Widen(text, kAnsi);
 }
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {

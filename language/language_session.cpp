@@ -12,6 +12,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "base/code_page.h"
+
 namespace vmk {
 namespace {
 
@@ -62,16 +64,6 @@ bool EndsWithBackslash(const std::string& path) {
     return *CharPrevA(path.data(), path.data() + path.size()) == '\\';
 }
 
-std::string ToAnsi(const std::wstring& text) {
-    const int length = static_cast<int>(text.size());
-    std::string ansi(static_cast<std::size_t>(
-                         WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr)),
-                     '\0');
-    WideCharToMultiByte(CP_ACP, 0, text.data(), length, ansi.data(), static_cast<int>(ansi.size()), nullptr,
-                        nullptr);
-    return ansi;
-}
-
 bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
     return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(), static_cast<int>(b.size()),
                                 TRUE) == CSTR_EQUAL;
@@ -106,7 +98,7 @@ void LanguageSession::Accept(std::string file) try {
         return record.header.langid == header->langid;
     };
     if (std::any_of(m_languages.begin(), m_languages.end(), sameLanguage)) return;
-    std::string langname = ToAnsi(header->langname);
+    std::string langname = Narrow(header->langname, CP_ACP);
     m_languages.push_back({.file = std::move(file),
                            .header = std::move(*header),
                            .langname = std::move(langname),

@@ -1,6 +1,6 @@
 #include "pages/email.h"
 
-#include "framework/window_text.h"
+#include "base/window_text.h"
 #include "pages/smtp.h"
 #include "resources/ids/email.h"
 

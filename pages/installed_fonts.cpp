@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "framework/gdi.h"
+#include "base/gdi.h"
 
 namespace vmk {
 namespace {

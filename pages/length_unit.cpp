@@ -1,6 +1,6 @@
 #include "pages/length_unit.h"
 
-#include "controls/truncate.h"
+#include "base/truncate.h"
 
 namespace vmk {
 namespace {

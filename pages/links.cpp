@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "base/truncate.h"
 #include "controls/color_dialog.h"
-#include "controls/truncate.h"
 #include "resources/ids/links.h"
 
 namespace vmk {

@@ -2,10 +2,10 @@
 
 #include <array>
 
+#include "base/gdi.h"
 #include "controls/checkbox.h"
 #include "controls/combobox.h"
 #include "controls/edit_double.h"
-#include "framework/gdi.h"
 #include "pages/page.h"
 
 namespace vmk {

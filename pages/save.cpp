@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "base/truncate.h"
+#include "base/window_text.h"
 #include "controls/file_dialog.h"
 #include "controls/folder_dialog.h"
 #include "controls/path_box.h"
-#include "controls/truncate.h"
-#include "framework/window_text.h"
 #include "resources/ids/save.h"
 
 namespace vmk {

@@ -1,6 +1,6 @@
 #include "pages/smtp.h"
 
-#include "controls/truncate.h"
+#include "base/truncate.h"
 #include "settings/all_or_nothing.h"
 
 namespace vmk {

@@ -1,14 +1,8 @@
 #include "settings/passwords.h"
 
-#include <windows.h>
+#include "base/wipe.h"
 
 namespace vmk {
-
-void Wipe(std::wstring& text) noexcept {
-    text.resize(text.capacity());
-    SecureZeroMemory(text.data(), text.size() * sizeof(wchar_t));
-    text.clear();
-}
 
 void WipePasswords(PrinterSettings& settings) noexcept {
     auto& security = settings.Security;

@@ -1,15 +1,10 @@
 #pragma once
 
-#include <string>
-
 #include "settings/printer_settings.h"
 
 namespace vmk {
 
-// Overwrites a text, spare room included, and empties it: for passwords, before their memory is freed.
-void Wipe(std::wstring& text) noexcept;
-
-// Wipes every password of a record.
+// Wipes every password of a record, before its memory is freed.
 void WipePasswords(PrinterSettings& settings) noexcept;
 
 }  // namespace vmk

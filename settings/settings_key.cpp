@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "base/code_page.h"
 #include "settings/registry_path.h"
 #include "settings/registry_store.h"
 
@@ -24,21 +25,12 @@ bool IsPossible(std::wstring_view subKey) {
     }
 }
 
-// Empty when the conversion fails.
-std::string Narrow(std::wstring_view text) {
-    const int length = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(CP_THREAD_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string narrow(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_THREAD_ACP, 0, text.data(), length, narrow.data(), size, nullptr, nullptr);
-    return narrow;
-}
-
 }  // namespace
 
 std::optional<std::string> SettingsKeyPath(std::wstring_view subKey) {
     if (subKey.size() >= kNoSubKeyFrom) return kRegistryRoot;
     if (!IsPossible(subKey)) return std::nullopt;
-    return kRegistryRoot + Narrow(subKey);
+    return kRegistryRoot + Narrow(subKey, CP_THREAD_ACP);
 }
 
 SettingsKey OpenSettingsKey(const wchar_t* subKey, KeyAccess access) {

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/registry_key.h"
 #include "settings/page_set.h"
 #include "settings/printer_settings.h"
-#include "settings/registry_key.h"
 
 // Where the current user's settings are: the root key (registry_path.h) or a sub-key of it that the host
 // names.

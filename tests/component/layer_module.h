@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/com_pointer.h"
 #include "component/module.h"
-#include "framework/com_pointer.h"
 #include "vmkctrl.h"
 
 namespace vmk::test {

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "framework/window_text.h"
+#include "base/window_text.h"
 #include "tests/support/file_dialog_controls.h"
 #include "tests/support/wait.h"
 #include "tests/support/window_search.h"

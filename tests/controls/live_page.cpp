@@ -5,9 +5,9 @@
 
 #include <stdexcept>
 
+#include "base/window_text.h"
 #include "controls/focus.h"
 #include "framework/module.h"
-#include "framework/window_text.h"
 #include "tests/support/keyboard.h"
 #include "tests/support/message_loop.h"
 

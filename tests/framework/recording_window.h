@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/handle.h"
+#include "base/handle.h"
 #include "framework/window.h"
 
 namespace vmk::test {

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "framework/handle.h"
+#include "base/handle.h"
 #include "tests/support/loaded_module.h"
 
 namespace vmk::test {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "framework/window_text.h"
+#include "base/window_text.h"
 #include "tests/support/file_dialog_controls.h"
 #include "tests/support/live_dialog.h"
 

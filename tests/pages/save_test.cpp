@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "controls/truncate.h"
-#include "framework/window_text.h"
+#include "base/truncate.h"
+#include "base/window_text.h"
 #include "resources/ids/main.h"
 #include "tests/pages/file_chooser.h"
 #include "tests/support/language_folder.h"

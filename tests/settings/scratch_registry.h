@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "settings/registry_key.h"
+#include "base/registry_key.h"
 
 // A place in the real registry for one test, gone afterwards.
 

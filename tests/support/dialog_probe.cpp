@@ -22,7 +22,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/handle.h"
+#include "base/handle.h"
 #include "tests/support/window_search.h"
 
 namespace {

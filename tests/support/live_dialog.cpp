@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "framework/window_text.h"
+#include "base/window_text.h"
 #include "resources/ids/main.h"
 #include "tests/support/keyboard.h"
 #include "tests/support/wait.h"

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "framework/com_pointer.h"
-#include "framework/library.h"
+#include "base/com_pointer.h"
+#include "base/library.h"
 #include "vmkctrl.h"
 
 namespace vmk::test {

@@ -1,4 +1,4 @@
-#include "framework/window_text.h"
+#include "base/window_text.h"
 
 #include <gtest/gtest.h>
 

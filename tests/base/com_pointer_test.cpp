@@ -1,4 +1,4 @@
-#include "framework/com_pointer.h"
+#include "base/com_pointer.h"
 
 #include <gtest/gtest.h>
 

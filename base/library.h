@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "framework/handle.h"
+#include "base/handle.h"
 
 namespace vmk {
 

@@ -1,4 +1,4 @@
-#include "framework/handle.h"
+#include "base/handle.h"
 
 #include <gtest/gtest.h>
 
