@@ -14,4 +14,10 @@ constexpr std::int32_t TruncateToInt32(double number) noexcept {
     return static_cast<std::int32_t>(std::clamp(number, double{Limits::min()}, double{Limits::max()}));
 }
 
+// The same for the result of a calculation, whose error in the last digits must not cost it a whole one: far
+// above that error, and far below what anybody enters.
+constexpr std::int32_t TruncateResultToInt32(double number) noexcept {
+    return TruncateToInt32(number * (1.0 + 1e-12));
+}
+
 }  // namespace vmk

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "pages/font_list.h"
+#include "pages/fonts/font_list.h"
 
 namespace vmk {
 namespace {

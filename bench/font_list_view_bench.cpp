@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "pages/font_list_view.h"
-#include "pages/installed_fonts.h"
+#include "pages/fonts/font_list_view.h"
+#include "pages/fonts/installed_fonts.h"
 
 namespace vmk {
 namespace {

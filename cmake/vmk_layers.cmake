@@ -38,24 +38,36 @@ add_library(vmk_test_options INTERFACE)
 target_link_libraries(vmk_test_options INTERFACE vmk_options)
 target_include_directories(vmk_test_options INTERFACE ${PROJECT_SOURCE_DIR})
 
-# vmk_let_include(TARGET SCOPE FOLDER)
+# vmk_let_include(TARGET SCOPE FOLDER [HEADERS file...])
 #
 # Lets the target include the headers of a folder of the project as "FOLDER/...", and with the scope PUBLIC or
-# INTERFACE whoever links the target. There is no other way to them: a folder that is not let in does not compile.
+# INTERFACE whoever links the target; with HEADERS these only. There is no other way to them: what is not let in does
+# not compile.
 function(vmk_let_include target scope folder)
+  cmake_parse_arguments(PARSE_ARGV 3 arg "" "" "HEADERS")
   set(root ${PROJECT_BINARY_DIR}/include_roots/${folder})
-  file(MAKE_DIRECTORY ${root})
-  file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${root}/${folder} COPY_ON_ERROR SYMBOLIC)
+  set(links ${folder})
+  if(arg_HEADERS)
+    string(APPEND root _public)
+    list(TRANSFORM arg_HEADERS PREPEND ${folder}/ OUTPUT_VARIABLE links)
+    file(MAKE_DIRECTORY ${root}/${folder})
+  else()
+    file(MAKE_DIRECTORY ${root})
+  endif()
+  foreach(link IN LISTS links)
+    file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${link} ${root}/${link} COPY_ON_ERROR SYMBOLIC)
+  endforeach()
   target_include_directories(${target} ${scope} ${root})
 endfunction()
 
-# vmk_add_layer(NAME [SOURCES file...] [WINDOWS_SOURCES file...] [DEPENDS target...])
+# vmk_add_layer(NAME [SOURCES file...] [WINDOWS_SOURCES file...] [PUBLIC_HEADERS file...] [DEPENDS target...])
 #
 # One folder, one layer, one static library called vmk_NAME. DEPENDS names the layers below it: it can include their
-# headers and what they can include themselves, and no others. WINDOWS_SOURCES are left out on the build machine.
+# headers and what they can include themselves, and no others. Of a layer with PUBLIC_HEADERS these are all that others
+# can include. WINDOWS_SOURCES are left out on the build machine.
 # Every header of the folder is also compiled by itself when tests are built, so that each stands alone.
 function(vmk_add_layer name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;WINDOWS_SOURCES;DEPENDS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;WINDOWS_SOURCES;PUBLIC_HEADERS;DEPENDS")
   set(sources ${arg_SOURCES})
   if(WIN32)
     list(APPEND sources ${arg_WINDOWS_SOURCES})
@@ -76,11 +88,16 @@ function(vmk_add_layer name)
     set(scope INTERFACE)
   endif()
   target_link_libraries(vmk_${name} ${scope} vmk_options ${arg_DEPENDS})
-  vmk_let_include(vmk_${name} ${scope} ${name})
+  if(arg_PUBLIC_HEADERS)
+    vmk_let_include(vmk_${name} PRIVATE ${name})
+    vmk_let_include(vmk_${name} INTERFACE ${name} HEADERS ${arg_PUBLIC_HEADERS})
+  else()
+    vmk_let_include(vmk_${name} ${scope} ${name})
+  endif()
   set_property(GLOBAL APPEND PROPERTY VMK_LAYERS ${name})
 
   if(WIN32 AND BUILD_TESTING)
-    file(GLOB headers RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
     set(checks)
     foreach(header IN LISTS headers)
       set(check ${PROJECT_BINARY_DIR}/header_checks/${header}.cpp)
@@ -90,6 +107,7 @@ function(vmk_add_layer name)
     if(checks)
       add_library(vmk_${name}_headers OBJECT ${checks})
       target_link_libraries(vmk_${name}_headers PRIVATE vmk_${name})
+      vmk_let_include(vmk_${name}_headers PRIVATE ${name})
     endif()
   endif()
 endfunction()

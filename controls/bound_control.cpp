@@ -17,15 +17,12 @@ constexpr bool MovesFocus(WPARAM key) noexcept {
 
 }  // namespace
 
-void Dependents::Set(const Dialog& page, bool on) const {
-    for (const UINT id : ids) EnableWindow(page.Item(id), on == enabledWhenOn);
-}
-
 void BoundControl::Attach(BoundDialog& page, UINT id) {
     static_cast<CDialogEnv&>(*this) = page.ForChild();
     m_page = &page;
     m_id = id;
     if (!SubclassWindow(page.Item(id))) throw std::bad_alloc();
+    page.Register(*this);
 }
 
 std::optional<LRESULT> BoundControl::ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "controls/bound_dialog.h"
+#include "controls/bound_value.h"
 #include "controls/dialog_env.h"
 #include "framework/window.h"
 
@@ -15,26 +16,31 @@ namespace vmk {
 struct Dependents {
     std::span<const UINT> ids;
     bool enabledWhenOn = true;
+    bool offByClickOnly = false;  // a stored "off" leaves them as they are; only a click switches them off
 
-    void Set(const Dialog& page, bool on) const;
+    bool EnabledWhen(bool on) const { return on == enabledWhenOn; }
 };
 
 // A control of a dialog template bound to one field of the settings. It shows the field, keeps a working
-// value while the user edits, enables Apply on every change, and switches its dependents. It never writes the
-// field by itself: the page's StorePage calls Store. A member of its page; the control's window dies before
-// it.
-class BoundControl : public Window, public CDialogEnv {
+// value while the user edits, enables Apply on every change, and switches its dependents. While it is
+// disabled, showing the field switches nothing: whoever has disabled it has decided about them. A member of
+// its page; the control's window dies before it.
+class BoundControl : public Window, public CDialogEnv, public BoundValue {
   public:
     // Tab and Enter go to this window instead of the next tab stop of the page.
     void SetNextFocus(HWND window) noexcept { m_nextFocus = window; }
 
+    bool Owns(UINT id) const override { return id == m_id; }
+
   protected:
-    // Throws std::bad_alloc when the control cannot be attached: it could neither show nor keep its field.
+    // Registers with the page, too. Throws std::bad_alloc when the control cannot be attached: it could
+    // neither show nor keep its field.
     void Attach(BoundDialog& page, UINT id);
 
     // The dialog that the control stands in; valid once attached.
     BoundDialog& Page() const noexcept { return *m_page; }
     UINT Id() const noexcept { return m_id; }
+    bool IsEnabled() const noexcept { return IsWindowEnabled(Handle()) != FALSE; }
 
     std::optional<LRESULT> ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
 

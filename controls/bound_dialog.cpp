@@ -2,11 +2,43 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "controls/focus.h"
 #include "controls/radio_focus.h"
 #include "framework/reflection.h"
 
 namespace vmk {
+
+BoundValue::~BoundValue() {
+    if (m_registrar) m_registrar->Unregister(*this);
+}
+
+void BoundDialog::Register(BoundValue& value) {
+    m_values.push_back(&value);
+    value.m_registrar = this;
+}
+
+void BoundDialog::ForgetValues() noexcept {
+    for (BoundValue* const value : m_values) value->m_registrar = nullptr;
+    m_values.clear();
+}
+
+void BoundDialog::EnableItems(std::span<const UINT> ids, bool enable) const noexcept {
+    for (const UINT id : ids) EnableItem(id, enable);
+}
+
+void BoundDialog::Switch(std::span<const UINT> ids, bool enable) const {
+    EnableItems(ids, enable);
+    if (!enable) return;
+    for (BoundValue* const value : m_values) {
+        if (std::ranges::any_of(ids, [value](UINT id) { return value->Owns(id); })) value->SwitchOthers();
+    }
+}
+
+void BoundDialog::StoreValues() const {
+    for (BoundValue* const value : m_values) value->Store();
+}
 
 bool BoundDialog::IsItemChecked(UINT id) const noexcept {
     return SendMessageW(Item(id), BM_GETCHECK, 0, 0) == BST_CHECKED;
@@ -27,6 +59,7 @@ std::optional<LRESULT> BoundDialog::ProcessWindowMessage(HWND hwnd, UINT msg, WP
     switch (msg) {
         case WM_INITDIALOG:
             TranslateWindowTexts(hwnd);
+            ForgetValues();
             OnInitDialog();
             PrepareRadioButtons(hwnd);
             return TRUE;
@@ -50,7 +83,7 @@ std::optional<LRESULT> BoundDialog::HandleCommand(WPARAM wParam, LPARAM lParam) 
     const Command command = CommandOf(wParam);
     if (command.code == BN_CLICKED && HasOnlyGotFocus(sender)) return 0;
     const FocusKeeper focus(sender);
-    if (OnCommand(command)) return 0;
+    if (TakeCommand(command)) return 0;
     return ReflectNotification(Handle(), WM_COMMAND, wParam, lParam);
 }
 
@@ -62,13 +95,16 @@ bool BoundDialog::ReturnFocus(HWND control) noexcept {
     return GetFocus() == control;
 }
 
-bool BoundDialog::StepOnSpin(const NMHDR& header) {
+bool BoundDialog::TakeCommand(Command command) {
+    return OnCommand(command) ||
+           std::ranges::any_of(m_values, [&](BoundValue* value) { return value->OnCommand(command); });
+}
+
+bool BoundDialog::StepOnSpin(const NMHDR& header) const {
     if (header.code != UDN_DELTAPOS) return false;
-    for (const Spin& spin : Spins()) {
-        if (spin.id == header.idFrom)
-            return spin.edit.StepBy(reinterpret_cast<const NMUPDOWN&>(header).iDelta);
-    }
-    return false;
+    const auto id = static_cast<UINT>(header.idFrom);
+    const int change = reinterpret_cast<const NMUPDOWN&>(header).iDelta;
+    return std::ranges::any_of(m_values, [&](BoundValue* value) { return value->OnSpin(id, change); });
 }
 
 }  // namespace vmk

@@ -2,34 +2,14 @@
 
 #include <windows.h>
 
-#include <cstdint>
 #include <span>
+#include <vector>
 
+#include "controls/bound_value.h"
 #include "controls/dialog_env.h"
 #include "framework/dialog.h"
 
 namespace vmk {
-
-// A number box that a spin control steps.
-class SteppedEdit {
-  public:
-    // One step up or down within the limits. False, and nothing done, when the box has no range.
-    virtual bool StepUp() = 0;
-    virtual bool StepDown() = 0;
-
-    // Turns a spin's proposed change into a step. Spins keep their default range, which runs downwards: their
-    // "up" is a negative change.
-    bool StepBy(int proposedChange) { return proposedChange < 1 ? StepUp() : StepDown(); }
-
-  protected:
-    ~SteppedEdit() = default;
-};
-
-// A spin control and the box beside it.
-struct Spin {
-    UINT id;
-    SteppedEdit& edit;
-};
 
 // A dialog whose controls are bound to settings: a page, a panel inside a page or a dialog of its own. It
 // hands the notifications of its controls back to them, after the handlers below have had a look.
@@ -37,7 +17,16 @@ class BoundDialog : public Dialog, public CDialogEnv {
   public:
     void SetEnvironment(const CDialogEnv& env) { static_cast<CDialogEnv&>(*this) = env; }
 
+    ~BoundDialog() override { ForgetValues(); }
+
+    // Adds a value to those that StoreValues walks, in this order, until either of the two dies.
+    void Register(BoundValue& value);
+    void Unregister(BoundValue& value) noexcept { std::erase(m_values, &value); }
+
     void EnableItem(UINT id, bool enable) const noexcept { EnableWindow(Item(id), enable); }
+    void EnableItems(std::span<const UINT> ids, bool enable) const noexcept;
+    // Enables or disables controls. Those that are enabled by it, and switch others, do so then.
+    void Switch(std::span<const UINT> ids, bool enable) const;
     void ShowItem(UINT id, bool show) const noexcept { ShowWindow(Item(id), show ? SW_SHOW : SW_HIDE); }
     bool IsItemChecked(UINT id) const noexcept;
     void CheckItem(UINT id, bool check) const noexcept;
@@ -61,13 +50,16 @@ class BoundDialog : public Dialog, public CDialogEnv {
     virtual bool OnCommand(Command /*command*/) { return false; }
     virtual bool OnNotify(const NMHDR& /*header*/) { return false; }
 
-    // The dialog's spin controls, each with its box.
-    virtual std::span<const Spin> Spins() { return {}; }
+    // Has every registered value written into its setting.
+    void StoreValues() const;
 
   private:
+    void ForgetValues() noexcept;
     std::optional<LRESULT> HandleCommand(WPARAM wParam, LPARAM lParam);
-    bool StepOnSpin(const NMHDR& header);
+    bool TakeCommand(Command command);
+    bool StepOnSpin(const NMHDR& header) const;
 
+    std::vector<BoundValue*> m_values;
     bool m_isFocusReturning = false;
 };
 

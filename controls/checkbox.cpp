@@ -7,15 +7,28 @@ void CMyCheckbox::Bind(BoundDialog& page, UINT id, std::int32_t& field, Dependen
     m_field = &field;
     m_stored = field;
     m_dependents = dependents;
+    Show();
+}
+
+void CMyCheckbox::BindBit(BoundDialog& page, UINT id, std::int32_t& field, std::int32_t bit) {
+    m_bits = bit;
+    Bind(page, id, field);
+}
+
+void CMyCheckbox::Show() {
+    const bool on = (m_stored & m_bits) != 0;
+    Page().CheckItem(Id(), on);
+    if (IsEnabled() && (on || !m_dependents.offByClickOnly)) SwitchOthers();
 }
 
 void CMyCheckbox::SetCheck(bool checked) {
     Page().CheckItem(Id(), checked);
-    m_dependents.Set(Page(), checked);
+    SwitchOthers();
 }
 
 void CMyCheckbox::Store() {
-    *m_field = IsChecked() ? 1 : 0;
+    const std::int32_t on = m_bits == kAllBits ? 1 : m_bits;
+    *m_field = (*m_field & ~m_bits) | (IsChecked() ? on : 0);
     m_stored = *m_field;
 }
 

@@ -16,28 +16,57 @@ void AddString(HWND list, const std::wstring& text) {
 
 }  // namespace
 
-void CMyCombobox::Bind(BoundDialog& page, UINT id, std::int32_t& field, std::span<const ComboItem> items,
+void CMyCombobox::Bind(BoundDialog& page, UINT id, std::int32_t& field, std::span<const Choice> choices,
                        std::span<const ComboRule> rules) {
     Attach(page, id);
     m_field = &field;
     m_rules = rules;
-    for (const ComboItem& item : items) {
-        const std::wstring text = Translate(item.text).substr(0, kLongestItemText);
-        m_items.push_back({.value = item.value, .text = text});
+    for (const Choice& choice : choices) {
+        const std::wstring text = Translate(choice.text).substr(0, kLongestItemText);
+        m_items.push_back({.value = choice.value, .text = text});
         AddString(Handle(), text);
     }
+    Show();
+}
+
+void CMyCombobox::BindBits(BoundDialog& page, UINT id, std::int32_t& field, std::int32_t bits,
+                           std::span<const Choice> choices, std::span<const ComboRule> rules) {
+    m_bits = bits;
+    Bind(page, id, field, choices, rules);
+}
+
+void CMyCombobox::Show() {
+    const std::int32_t value = *m_field & m_bits;
+    if (Select(value) && IsEnabled()) ApplyRules(value);
 }
 
 bool CMyCombobox::SelectByValue(std::int32_t value) {
+    if (!Select(value)) return false;
+    ApplyRules(value);
+    return true;
+}
+
+bool CMyCombobox::Select(std::int32_t value) const {
     const auto item = std::ranges::find(m_items, value, &Item::value);
     if (item == m_items.end()) return false;
     SendMessageW(Handle(), CB_SELECTSTRING, static_cast<WPARAM>(-1),
                  reinterpret_cast<LPARAM>(item->text.c_str()));
-    for (const ComboRule& rule : m_rules) {
-        if (std::ranges::find(rule.values, value) == rule.values.end()) continue;
-        for (const UINT id : rule.ids) Page().EnableItem(id, rule.enable);
-    }
     return true;
+}
+
+void CMyCombobox::ApplyRules(std::int32_t value) const {
+    for (const ComboRule& rule : m_rules) {
+        if (std::ranges::find(rule.values, value) != rule.values.end()) Page().Switch(rule.ids, rule.enable);
+    }
+}
+
+void CMyCombobox::Store() {
+    const std::int32_t selected = SelectedValue();
+    if (m_bits == kAllBits) {
+        *m_field = selected;
+    } else if (selected != kNoSelection) {
+        *m_field = (*m_field & ~m_bits) | selected;
+    }
 }
 
 int CMyCombobox::SelectedPosition() const {
@@ -60,7 +89,7 @@ std::int32_t CMyCombobox::SelectedValue() const {
 bool CMyCombobox::OnReflectedCommand(UINT code) {
     if (code != CBN_SELCHANGE) return false;
     EnableApply();
-    ReapplyRules();
+    SwitchOthers();
     return true;
 }
 

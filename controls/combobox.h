@@ -6,14 +6,9 @@
 #include <vector>
 
 #include "controls/bound_control.h"
+#include "settings/choices.h"
 
 namespace vmk {
-
-// One choice of a list: what is stored and the English text that is shown, translated.
-struct ComboItem {
-    std::int32_t value;
-    const wchar_t* text;
-};
 
 // What a list does to other controls of its page: while one of the values is selected, the controls are
 // enabled or disabled.
@@ -29,12 +24,16 @@ class CMyCombobox final : public BoundControl {
   public:
     static constexpr std::int32_t kNoSelection = -1;
 
-    // Attaches to the page's control, fills the list in the order of the items and keeps the rules; both
-    // tables must outlive the control. Show selects the field's value.
-    void Bind(BoundDialog& page, UINT id, std::int32_t& field, std::span<const ComboItem> items,
+    // Attaches to the page's control, fills the list in the order of the choices, keeps the rules, which must
+    // outlive the control, and shows the field.
+    void Bind(BoundDialog& page, UINT id, std::int32_t& field, std::span<const Choice> choices,
               std::span<const ComboRule> rules = {});
+    // The same for some bits of a field; the others are left alone, and these too while nothing is selected.
+    void BindBits(BoundDialog& page, UINT id, std::int32_t& field, std::int32_t bits,
+                  std::span<const Choice> choices, std::span<const ComboRule> rules = {});
 
-    void Show() { SelectByValue(*m_field); }
+    // Selects the item of the field's value.
+    void Show();
 
     // Selects the first item with the value and applies the rules that list it. False, and nothing changed,
     // when no item has the value.
@@ -46,10 +45,10 @@ class CMyCombobox final : public BoundControl {
     // The value of the first item whose text is the selected one, or kNoSelection.
     std::int32_t SelectedValue() const;
 
-    // Applies the rules once more, after somebody else has switched their controls.
-    void ReapplyRules() { SelectByValue(SelectedValue()); }
+    // Selects the value of the selection, which applies the rules once more.
+    void SwitchOthers() override { SelectByValue(SelectedValue()); }
 
-    void Store() { *m_field = SelectedValue(); }
+    void Store() override;
 
   private:
     struct Item {
@@ -57,10 +56,16 @@ class CMyCombobox final : public BoundControl {
         std::wstring text;
     };
 
+    static constexpr std::int32_t kAllBits = -1;
+
+    bool Select(std::int32_t value) const;
+    void ApplyRules(std::int32_t value) const;
+
     bool OnReflectedCommand(UINT code) override;
     bool UsesEscape() const override { return SendMessageW(Handle(), CB_GETDROPPEDSTATE, 0, 0) != FALSE; }
 
     std::int32_t* m_field = nullptr;
+    std::int32_t m_bits = kAllBits;
     std::vector<Item> m_items;
     std::span<const ComboRule> m_rules;
 };

@@ -18,7 +18,7 @@ class CMyEditText final : public BoundControl {
     std::wstring Text() const { return WindowText(Handle()); }
 
     // Replaces the field by the whole text on screen. What a password box replaces is wiped from memory.
-    void Store();
+    void Store() override;
 
   private:
     bool OnReflectedCommand(UINT code) override;

@@ -21,7 +21,7 @@ void CMyRadioButton::OnSetCheck(WPARAM state) {
         for (const UINT id : m_options.group) Page().CheckItem(id, false);
         *m_field = m_options.value;
     }
-    m_options.dependents.Set(Page(), selected);
+    Page().EnableItems(m_options.dependents.ids, m_options.dependents.EnabledWhen(selected));
 }
 
 // Unlike the other bound controls it leaves the keys to the dialog manager, which moves between radio buttons

@@ -4,11 +4,13 @@
 
 namespace vmk {
 
-void RadioGroup::Bind(const BoundDialog& page, std::int32_t& field, std::span<const RadioItem> items) {
+void RadioGroup::Bind(BoundDialog& page, std::int32_t& field, std::span<const RadioItem> items, UINT other) {
     m_page = &page;
     m_field = &field;
     m_items = items;
     m_working = field;
+    page.Register(*this);
+    Show(other);
 }
 
 UINT RadioGroup::Button(UINT other) const {
@@ -21,8 +23,9 @@ void RadioGroup::Show(UINT other) const {
     if (button != kNoButton) m_page->CheckItem(button, true);
 }
 
-bool RadioGroup::OnClicked(UINT id) {
-    const auto item = std::ranges::find(m_items, id, &RadioItem::id);
+bool RadioGroup::OnCommand(Command command) {
+    if (command.code != BN_CLICKED) return false;
+    const auto item = std::ranges::find(m_items, command.id, &RadioItem::id);
     if (item == m_items.end()) return false;
     m_working = item->value;
     m_page->EnableApply();

@@ -14,14 +14,14 @@ struct RadioItem {
 };
 
 // Radio buttons without objects of their own, which show one field of the settings. Keeps the working value:
-// one that no button stands for stays until a button is clicked. A member of its page, which passes it the
-// clicks.
-class RadioGroup {
+// one that no button stands for stays until a button is clicked. A member of its page.
+class RadioGroup final : public BoundValue {
   public:
     static constexpr UINT kNoButton = 0;
 
-    // Takes the field's value and shows nothing yet; the table must outlive the group.
-    void Bind(const BoundDialog& page, std::int32_t& field, std::span<const RadioItem> items);
+    // Takes the field's value and shows it; the table must outlive the group.
+    void Bind(BoundDialog& page, std::int32_t& field, std::span<const RadioItem> items,
+              UINT other = kNoButton);
 
     // The button for the working value; `other` when there is none.
     UINT Button(UINT other) const;
@@ -29,10 +29,10 @@ class RadioGroup {
     // Checks that button, unless there is none and no other one either.
     void Show(UINT other = kNoButton) const;
 
-    // Takes over the value of a clicked button and enables Apply. False when the button is of another group.
-    bool OnClicked(UINT id);
+    void Store() override { *m_field = m_working; }
 
-    void Store() { *m_field = m_working; }
+    // Takes over the value of a clicked button and enables Apply.
+    bool OnCommand(Command command) override;
 
   private:
     const BoundDialog* m_page = nullptr;

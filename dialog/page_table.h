@@ -3,7 +3,7 @@
 #include <memory>
 #include <span>
 
-#include "pages/page.h"
+#include "pages/page_window.h"
 #include "settings/page_set.h"
 
 namespace vmk {

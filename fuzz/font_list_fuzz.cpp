@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "pages/font_list.h"
+#include "pages/fonts/font_list.h"
 
 // Stored font lists of any content over faces of any kind: the hashed lookups against a second reading of the
 // rules that searches everything from the beginning each time.

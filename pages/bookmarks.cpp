@@ -1,30 +1,35 @@
-#include "pages/bookmarks.h"
-
 #include "resources/ids/bookmarks.h"
+
+#include "controls/checkbox.h"
+#include "pages/page.h"
+#include "pages/pages.h"
 
 namespace vmk {
 namespace {
 
 constexpr UINT kDetectionOptions[] = {IDC_BOOKMARKS_MULTILINE, IDC_BOOKMARKS_MATCH_LEVEL};
 
+class CDlgBookmarks final : public CPage {
+  public:
+    CDlgBookmarks() : CPage(IDD_BOOKMARKS) {}
+
+  private:
+    void LoadPage() override {
+        auto& bookmarks = settings->Bookmarks;
+        m_print.Bind(*this, IDC_BOOKMARKS_PRINT, bookmarks.Print, {.ids = kDetectionOptions});
+        m_multiline.Bind(*this, IDC_BOOKMARKS_MULTILINE, bookmarks.Multiline);
+        m_matchLevel.Bind(*this, IDC_BOOKMARKS_MATCH_LEVEL, bookmarks.MatchLevel);
+    }
+
+    CMyCheckbox m_print;
+    CMyCheckbox m_multiline;
+    CMyCheckbox m_matchLevel;
+};
+
 }  // namespace
 
-CDlgBookmarks::CDlgBookmarks() : CPage(IDD_BOOKMARKS) {}
-
-void CDlgBookmarks::LoadPage() {
-    PrinterSettings::BookmarksGroup& bookmarks = settings->Bookmarks;
-    m_print.Bind(*this, IDC_BOOKMARKS_PRINT, bookmarks.Print, {.ids = kDetectionOptions});
-    m_multiline.Bind(*this, IDC_BOOKMARKS_MULTILINE, bookmarks.Multiline);
-    m_matchLevel.Bind(*this, IDC_BOOKMARKS_MATCH_LEVEL, bookmarks.MatchLevel);
-    m_print.Show();
-    m_multiline.Show();
-    m_matchLevel.Show();
-}
-
-void CDlgBookmarks::StorePage() {
-    m_print.Store();
-    m_multiline.Store();
-    m_matchLevel.Store();
+std::unique_ptr<PageWindow> MakeBookmarksPage() {
+    return std::make_unique<CDlgBookmarks>();
 }
 
 }  // namespace vmk

@@ -1,28 +1,13 @@
-#include "pages/compression.h"
-
 #include "resources/ids/compression.h"
+
+#include "controls/checkbox.h"
+#include "controls/combobox.h"
+#include "controls/number_box.h"
+#include "pages/page.h"
+#include "pages/pages.h"
 
 namespace vmk {
 namespace {
-
-constexpr ComboItem kColorMethods[] = {
-    {.value = 0, .text = L"None"},          {.value = 1, .text = L"Auto"},
-    {.value = 2, .text = L"JPEG"},          {.value = 3, .text = L"ZIP"},
-    {.value = 4, .text = L"JPEG/ZIP"},      {.value = 5, .text = L"JPEG 2000"},
-    {.value = 6, .text = L"JPEG 2000/ZIP"},
-};
-
-constexpr ComboItem kIndexedMethods[] = {
-    {.value = 0, .text = L"None"}, {.value = 1, .text = L"Auto"}, {.value = 2, .text = L"Run Length"},
-    {.value = 3, .text = L"ZIP"},  {.value = 4, .text = L"LZW"},
-};
-
-constexpr ComboItem kMonoMethods[] = {
-    {.value = 0, .text = L"None"},          {.value = 1, .text = L"Auto"},
-    {.value = 2, .text = L"ZIP"},           {.value = 3, .text = L"CCITT Group 3"},
-    {.value = 4, .text = L"CCITT Group 4"}, {.value = 5, .text = L"Run Length"},
-    {.value = 6, .text = L"JBIG 2"},
-};
 
 constexpr UINT kImageControls[] = {
     IDC_COMPRESSION_COLOR_GROUP,    IDC_COMPRESSION_COLOR_METHOD,       IDC_COMPRESSION_QUALITY,
@@ -47,86 +32,63 @@ constexpr ComboRule kColorRules[] = {
     {.ids = kQualityControls, .values = kNotCompressing, .enable = false},
 };
 
-constexpr CMyEditInt::Options kQuality = {.minimum = 1, .maximum = 100, .step = 1};
+class CDlgCompression final : public CPage {
+  public:
+    CDlgCompression() : CPage(IDD_COMPRESSION) {}
 
-}  // namespace
+  private:
+    void LoadPage() override;
+    bool OnCommand(Command command) override;
+    void ShowDefaults();
 
-CDlgCompression::CDlgCompression()
-    : CPage(IDD_COMPRESSION), m_spins{{{.id = IDC_COMPRESSION_QUALITY_SPIN, .edit = m_quality}}} {}
+    CMyCheckbox m_graphics;
+    CMyCheckbox m_ascii;
+    CMyCheckbox m_text;
+    CMyCombobox m_colorMethod;
+    CMyEditInt m_quality;
+    CMyCombobox m_indexedMethod;
+    CMyCombobox m_monoMethod;
+};
 
 void CDlgCompression::LoadPage() {
-    Settings& group = settings->Compression;
+    auto& group = settings->Compression;
     m_graphics.Bind(*this, IDC_COMPRESSION_GRAPHICS, group.Graphics, {.ids = kImageControls});
     m_ascii.Bind(*this, IDC_COMPRESSION_ASCII, group.ASCII);
     m_text.Bind(*this, IDC_COMPRESSION_TEXT, group.Text);
-    m_colorMethod.Bind(*this, IDC_COMPRESSION_COLOR_METHOD, group.Color.Method, kColorMethods, kColorRules);
-    m_indexedMethod.Bind(*this, IDC_COMPRESSION_INDEXED_METHOD, group.Indexed.Method, kIndexedMethods);
-    m_monoMethod.Bind(*this, IDC_COMPRESSION_MONO_METHOD, group.Mono.Method, kMonoMethods);
-    m_quality.Bind(*this, IDC_COMPRESSION_QUALITY, group.Color.JPEGQuality, kQuality);
-
-    m_ascii.Show();
-    m_text.Show();
-    ShowGraphics(group);
-}
-
-void CDlgCompression::StorePage() {
-    m_graphics.Store();
-    m_ascii.Store();
-    m_text.Store();
-    m_colorMethod.Store();
-    m_quality.Store();
-    m_indexedMethod.Store();
-    m_monoMethod.Store();
+    m_colorMethod.Bind(*this, IDC_COMPRESSION_COLOR_METHOD, group.Color.Method,
+                       ChoicesOf("Compression.Color.Method"), kColorRules);
+    m_quality.Bind(*this, IDC_COMPRESSION_QUALITY, group.Color.JPEGQuality,
+                   RangeOf("Compression.Color.JPEGQuality"), {.spin = IDC_COMPRESSION_QUALITY_SPIN});
+    m_indexedMethod.Bind(*this, IDC_COMPRESSION_INDEXED_METHOD, group.Indexed.Method,
+                         ChoicesOf("Compression.Indexed.Method"));
+    m_monoMethod.Bind(*this, IDC_COMPRESSION_MONO_METHOD, group.Mono.Method,
+                      ChoicesOf("Compression.Mono.Method"));
 }
 
 bool CDlgCompression::OnCommand(Command command) {
-    if (command.code != BN_CLICKED) return false;
-    switch (command.id) {
-        case IDC_COMPRESSION_GRAPHICS:
-            OnGraphicsClicked();
-            return true;
-        case IDC_COMPRESSION_DEFAULT:
-            ShowDefaults();
-            return true;
-        default:
-            return false;
-    }
-}
-
-// Both the check box and the rules of the lists switch the quality controls. Whichever comes last decides:
-// the check box while it is off, the rules while it is on.
-void CDlgCompression::ShowGraphics(const Settings& shown) {
-    const bool compress = shown.Graphics != 0;
-    if (!compress) SelectMethods(shown);
-    m_graphics.SetCheck(compress);
-    if (compress) SelectMethods(shown);
-}
-
-void CDlgCompression::SelectMethods(const Settings& shown) {
-    m_colorMethod.SelectByValue(shown.Color.Method);
-    m_indexedMethod.SelectByValue(shown.Indexed.Method);
-    m_monoMethod.SelectByValue(shown.Mono.Method);
-}
-
-void CDlgCompression::OnGraphicsClicked() {
-    m_graphics.ReapplyDependents();
-    if (m_graphics.IsChecked()) {
-        m_colorMethod.ReapplyRules();
-        m_indexedMethod.ReapplyRules();
-        m_monoMethod.ReapplyRules();
-    }
-    EnableApply();
+    if (command.id != IDC_COMPRESSION_DEFAULT || command.code != BN_CLICKED) return false;
+    ShowDefaults();
+    return true;
 }
 
 // The default quality is only written into its box: like a typed number it counts once the box has lost the
 // focus or has been stepped.
 void CDlgCompression::ShowDefaults() {
-    const Settings defaults;
+    const PrinterSettings::CompressionGroup defaults;
     m_quality.ShowNumber(defaults.Color.JPEGQuality);
     m_text.SetCheck(defaults.Text != 0);
     m_ascii.SetCheck(defaults.ASCII != 0);
-    ShowGraphics(defaults);
+    m_colorMethod.SelectByValue(defaults.Color.Method);
+    m_indexedMethod.SelectByValue(defaults.Indexed.Method);
+    m_monoMethod.SelectByValue(defaults.Mono.Method);
+    m_graphics.SetCheck(defaults.Graphics != 0);
     EnableApply();
+}
+
+}  // namespace
+
+std::unique_ptr<PageWindow> MakeCompressionPage() {
+    return std::make_unique<CDlgCompression>();
 }
 
 }  // namespace vmk

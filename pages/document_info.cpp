@@ -1,6 +1,9 @@
-#include "pages/document_info.h"
-
 #include "resources/ids/document_info.h"
+
+#include "controls/checkbox.h"
+#include "controls/edit_text.h"
+#include "pages/page.h"
+#include "pages/pages.h"
 
 namespace vmk {
 namespace {
@@ -12,24 +15,33 @@ constexpr UINT kUsedOnly[] = {
     IDC_DOCINFO_KEYWORDS_LABEL, IDC_DOCINFO_CREATOR_LABEL,
 };
 
+class CDlgDocInfo final : public CPage {
+  public:
+    CDlgDocInfo() : CPage(IDD_DOCUMENT_INFO) {}
+
+  private:
+    void LoadPage() override {
+        auto& info = settings->Info;
+        m_use.Bind(*this, IDC_DOCINFO_USE, info.Use, {.ids = kUsedOnly});
+        m_title.Bind(*this, IDC_DOCINFO_TITLE, info.Title);
+        m_subject.Bind(*this, IDC_DOCINFO_SUBJECT, info.Subject);
+        m_author.Bind(*this, IDC_DOCINFO_AUTHOR, info.Author);
+        m_keywords.Bind(*this, IDC_DOCINFO_KEYWORDS, info.Keywords);
+        m_creator.Bind(*this, IDC_DOCINFO_CREATOR, info.Creator);
+    }
+
+    CMyCheckbox m_use;
+    CMyEditText m_title;
+    CMyEditText m_subject;
+    CMyEditText m_author;
+    CMyEditText m_keywords;
+    CMyEditText m_creator;
+};
+
 }  // namespace
 
-CDlgDocInfo::CDlgDocInfo() : CPage(IDD_DOCUMENT_INFO) {}
-
-void CDlgDocInfo::LoadPage() {
-    PrinterSettings::InfoGroup& info = settings->Info;
-    m_use.Bind(*this, IDC_DOCINFO_USE, info.Use, {.ids = kUsedOnly});
-    m_title.Bind(*this, IDC_DOCINFO_TITLE, info.Title);
-    m_subject.Bind(*this, IDC_DOCINFO_SUBJECT, info.Subject);
-    m_author.Bind(*this, IDC_DOCINFO_AUTHOR, info.Author);
-    m_keywords.Bind(*this, IDC_DOCINFO_KEYWORDS, info.Keywords);
-    m_creator.Bind(*this, IDC_DOCINFO_CREATOR, info.Creator);
-    m_use.Show();
-}
-
-void CDlgDocInfo::StorePage() {
-    m_use.Store();
-    for (CMyEditText* const text : {&m_title, &m_subject, &m_author, &m_keywords, &m_creator}) text->Store();
+std::unique_ptr<PageWindow> MakeDocumentInfoPage() {
+    return std::make_unique<CDlgDocInfo>();
 }
 
 }  // namespace vmk

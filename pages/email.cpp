@@ -1,20 +1,16 @@
-#include "pages/email.h"
-
-#include "base/window_text.h"
-#include "pages/smtp.h"
 #include "resources/ids/email.h"
+
+#include "controls/checkbox.h"
+#include "controls/combobox.h"
+#include "controls/edit_text.h"
+#include "controls/plain_text.h"
+#include "pages/page.h"
+#include "pages/pages.h"
+#include "pages/smtp.h"
 
 namespace vmk {
 namespace {
 
-// The blank keeps the key apart from the other lists' "None", which a language may have to translate
-// differently.
-constexpr ComboItem kMethods[] = {
-    {.value = 0, .text = L"None "},
-    {.value = 1, .text = L"Launch Default e-Mail Client"},
-    {.value = 2, .text = L"Send Through Default e-Mail Client"},
-    {.value = 3, .text = L"Send Directly Through SMTP Server"},
-};
 constexpr std::int32_t kNone[] = {0};
 constexpr std::int32_t kThroughClient[] = {1, 2};
 constexpr std::int32_t kDirectly[] = {3};
@@ -36,55 +32,49 @@ constexpr ComboRule kMethodRules[] = {
     {.ids = kAllControls, .values = kDirectly, .enable = true},
 };
 
-}  // namespace
+// Unlike the other pages it stores what it shows also when nothing was changed, and when the dialog is
+// cancelled.
+class CDlgEMail final : public CPage {
+  public:
+    CDlgEMail() : CPage(IDD_EMAIL) {}
 
-CDlgEMail::CDlgEMail() : CPage(IDD_EMAIL) {}
+  private:
+    void LoadPage() override;
+    bool StoresAlways() const override { return true; }
+    bool OnCommand(Command command) override;
+
+    PlainText m_content;
+    CMyCombobox m_method;
+    CMyCheckbox m_zip;
+    CMyEditText m_from;
+    CMyEditText m_to;
+    CMyEditText m_cc;
+    CMyEditText m_subject;
+    CMyEditText m_server;
+};
 
 void CDlgEMail::LoadPage() {
     auto& email = settings->Email;
-    ShowContent();
+    m_content.Bind(*this, IDC_EMAIL_CONTENT, email.Content);
+    m_method.Bind(*this, IDC_EMAIL_METHOD, email.Type, ChoicesOf("Email.Type"), kMethodRules);
     m_zip.Bind(*this, IDC_EMAIL_ZIP, email.ZIP);
-    m_zip.Show();
-    m_method.Bind(*this, IDC_EMAIL_METHOD, email.Type, kMethods, kMethodRules);
     m_from.Bind(*this, IDC_EMAIL_FROM, email.From);
     m_to.Bind(*this, IDC_EMAIL_TO, email.To);
     m_cc.Bind(*this, IDC_EMAIL_CC, email.CC);
     m_subject.Bind(*this, IDC_EMAIL_SUBJECT, email.Subject);
     m_server.Bind(*this, IDC_EMAIL_SERVER, email.SMTP.Address);
-    m_method.Show();
-}
-
-void CDlgEMail::StorePage() {
-    settings->Email.Content = WindowText(Item(IDC_EMAIL_CONTENT));
-    m_method.Store();
-    m_zip.Store();
-    m_from.Store();
-    m_to.Store();
-    m_cc.Store();
-    m_subject.Store();
-    m_server.Store();
 }
 
 bool CDlgEMail::OnCommand(Command command) {
-    if (command.id == IDC_EMAIL_CONTENT && command.code == EN_CHANGE) {
-        EnableApply();
-        return true;
-    }
-    if (command.id == IDC_EMAIL_EDIT_SERVER && command.code == BN_CLICKED) {
-        EditServer();
-        return true;
-    }
-    return false;
-}
-
-void CDlgEMail::ShowContent() {
-    // A box takes no typing beyond its limit, and the one that it starts with is shorter than many a message.
-    SendMessageW(Item(IDC_EMAIL_CONTENT), EM_SETLIMITTEXT, 0, 0);
-    SetWindowTextW(Item(IDC_EMAIL_CONTENT), settings->Email.Content.c_str());
-}
-
-void CDlgEMail::EditServer() {
+    if (command.id != IDC_EMAIL_EDIT_SERVER || command.code != BN_CLICKED) return false;
     if (CDlgSMTP(*this).Run(GetActiveWindow()) == IDOK) m_server.Show();
+    return true;
+}
+
+}  // namespace
+
+std::unique_ptr<PageWindow> MakeEmailPage() {
+    return std::make_unique<CDlgEMail>();
 }
 
 }  // namespace vmk

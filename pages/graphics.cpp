@@ -1,27 +1,18 @@
-#include "pages/graphics.h"
-
 #include "resources/ids/graphics.h"
+
+#include <array>
+
+#include "controls/checkbox.h"
+#include "controls/combobox.h"
+#include "controls/number_box.h"
+#include "pages/page.h"
+#include "pages/pages.h"
 
 namespace vmk {
 namespace {
 
 using DownsampleSettings = decltype(PrinterSettings::Downsample);
 using ConvertSettings = decltype(PrinterSettings::Convert);
-
-constexpr CMyEditInt::Options kResolution = {.minimum = 50, .maximum = 2400, .step = 10};
-constexpr CMyEditInt::Options kThreshold = {.minimum = 1, .maximum = 255, .step = 5};
-
-constexpr ComboItem kMethods[] = {
-    {.value = 0, .text = L"Linear Downsampling"},
-    {.value = 1, .text = L"Bilinear Downsampling"},
-    {.value = 2, .text = L"Bicubic Downsampling"},
-};
-
-constexpr ComboItem kTargets[] = {
-    {.value = 0, .text = L"None"},
-    {.value = 1, .text = L"Grayscale"},
-    {.value = 2, .text = L"Monochrome"},
-};
 
 constexpr UINT kColorDownsampling[] = {
     IDC_GRAPHICS_COLOR_TO_LABEL, IDC_GRAPHICS_COLOR_DPI_UNIT, IDC_GRAPHICS_COLOR_METHOD_LABEL,
@@ -36,10 +27,16 @@ constexpr UINT kMonoDownsampling[] = {
     IDC_GRAPHICS_MONO_DPI,      IDC_GRAPHICS_MONO_DPI_SPIN, IDC_GRAPHICS_MONO_METHOD,
 };
 
+// What is the same for all kinds of image.
+constexpr NumberRange kResolution = RangeOf("Downsample.Color.DPI");
+constexpr std::span<const Choice> kMethods = ChoicesOf("Downsample.Color.Method");
+constexpr std::span<const Choice> kTargets = ChoicesOf("Convert.Color.To");
+
 struct DownsamplingRow {
     DownsampleSettings::Images DownsampleSettings::*images;
     UINT use;
     UINT dpi;
+    UINT spin;
     UINT method;
     std::span<const UINT> dependents;
 };
@@ -48,16 +45,19 @@ constexpr DownsamplingRow kDownsampling[] = {
     {.images = &DownsampleSettings::Color,
      .use = IDC_GRAPHICS_COLOR_USE,
      .dpi = IDC_GRAPHICS_COLOR_DPI,
+     .spin = IDC_GRAPHICS_COLOR_DPI_SPIN,
      .method = IDC_GRAPHICS_COLOR_METHOD,
      .dependents = kColorDownsampling},
     {.images = &DownsampleSettings::Indexed,
      .use = IDC_GRAPHICS_INDEXED_USE,
      .dpi = IDC_GRAPHICS_INDEXED_DPI,
+     .spin = IDC_GRAPHICS_INDEXED_DPI_SPIN,
      .method = IDC_GRAPHICS_INDEXED_METHOD,
      .dependents = kIndexedDownsampling},
     {.images = &DownsampleSettings::Mono,
      .use = IDC_GRAPHICS_MONO_USE,
      .dpi = IDC_GRAPHICS_MONO_DPI,
+     .spin = IDC_GRAPHICS_MONO_DPI_SPIN,
      .method = IDC_GRAPHICS_MONO_METHOD,
      .dependents = kMonoDownsampling},
 };
@@ -83,60 +83,35 @@ constexpr ComboRule kDrawingRules[] = {
     {.ids = kThresholdControls, .values = kToShades, .enable = false},
 };
 
-struct ConversionRow {
-    ConvertSettings::Images ConvertSettings::*images;
-    UINT to;
-    UINT dither;
-    std::span<const ComboRule> rules;
+class CDlgGraphics final : public CPage {
+  public:
+    CDlgGraphics() : CPage(IDD_GRAPHICS) {}
+
+  private:
+    // The controls for one kind of image.
+    struct Downsampling {
+        CMyCheckbox use;
+        CMyEditInt dpi;
+        CMyCombobox method;
+    };
+
+    void LoadPage() override;
+    void BindDownsampling();
+    void BindConversion();
+
+    std::array<Downsampling, std::size(kDownsampling)> m_downsampling;
+    CMyCombobox m_colorTo;
+    CMyCheckbox m_colorDither;
+    CMyCombobox m_indexedTo;
+    CMyCheckbox m_indexedDither;
+    CMyCombobox m_drawingTo;
+    CMyEditInt m_threshold;
 };
-
-constexpr ConversionRow kConversion[] = {
-    {.images = &ConvertSettings::Color,
-     .to = IDC_GRAPHICS_CONVERT_COLOR,
-     .dither = IDC_GRAPHICS_DITHER_COLOR,
-     .rules = kColorRules},
-    {.images = &ConvertSettings::Indexed,
-     .to = IDC_GRAPHICS_CONVERT_INDEXED,
-     .dither = IDC_GRAPHICS_DITHER_INDEXED,
-     .rules = kIndexedRules},
-};
-
-}  // namespace
-
-CDlgGraphics::CDlgGraphics()
-    : CPage(IDD_GRAPHICS),
-      m_spins{{{.id = IDC_GRAPHICS_COLOR_DPI_SPIN, .edit = m_downsampling[0].dpi},
-               {.id = IDC_GRAPHICS_INDEXED_DPI_SPIN, .edit = m_downsampling[1].dpi},
-               {.id = IDC_GRAPHICS_MONO_DPI_SPIN, .edit = m_downsampling[2].dpi},
-               {.id = IDC_GRAPHICS_THRESHOLD_SPIN, .edit = m_threshold}}} {}
 
 void CDlgGraphics::LoadPage() {
     BindDownsampling();
     BindConversion();
-    for (Downsampling& row : m_downsampling) {
-        row.method.Show();
-        row.use.Show();
-    }
-    for (Conversion& row : m_conversion) {
-        row.dither.Show();
-        row.to.Show();
-    }
-    m_drawingTo.Show();
     m_threshold.SetNextFocus(Item(IDC_GRAPHICS_COLOR_USE));
-}
-
-void CDlgGraphics::StorePage() {
-    for (Downsampling& row : m_downsampling) {
-        row.use.Store();
-        row.dpi.Store();
-        row.method.Store();
-    }
-    for (Conversion& row : m_conversion) {
-        row.to.Store();
-        row.dither.Store();
-    }
-    m_drawingTo.Store();
-    m_threshold.Store();
 }
 
 void CDlgGraphics::BindDownsampling() {
@@ -145,21 +120,26 @@ void CDlgGraphics::BindDownsampling() {
         DownsampleSettings::Images& images = settings->Downsample.*row.images;
         Downsampling& controls = m_downsampling[index];
         controls.use.Bind(*this, row.use, images.Use, {.ids = row.dependents});
-        controls.dpi.Bind(*this, row.dpi, images.DPI, kResolution);
+        controls.dpi.Bind(*this, row.dpi, images.DPI, kResolution, {.step = 10, .spin = row.spin});
         controls.method.Bind(*this, row.method, images.Method, kMethods);
     }
 }
 
 void CDlgGraphics::BindConversion() {
-    for (size_t index = 0; index < m_conversion.size(); ++index) {
-        const ConversionRow& row = kConversion[index];
-        ConvertSettings::Images& images = settings->Convert.*row.images;
-        m_conversion[index].to.Bind(*this, row.to, images.To, kTargets, row.rules);
-        m_conversion[index].dither.Bind(*this, row.dither, images.Dither);
-    }
-    ConvertSettings::Drawings& drawings = settings->Convert.Drawing;
-    m_drawingTo.Bind(*this, IDC_GRAPHICS_CONVERT_DRAWING, drawings.To, kTargets, kDrawingRules);
-    m_threshold.Bind(*this, IDC_GRAPHICS_THRESHOLD, drawings.Threshold, kThreshold);
+    ConvertSettings& convert = settings->Convert;
+    m_colorTo.Bind(*this, IDC_GRAPHICS_CONVERT_COLOR, convert.Color.To, kTargets, kColorRules);
+    m_colorDither.Bind(*this, IDC_GRAPHICS_DITHER_COLOR, convert.Color.Dither);
+    m_indexedTo.Bind(*this, IDC_GRAPHICS_CONVERT_INDEXED, convert.Indexed.To, kTargets, kIndexedRules);
+    m_indexedDither.Bind(*this, IDC_GRAPHICS_DITHER_INDEXED, convert.Indexed.Dither);
+    m_drawingTo.Bind(*this, IDC_GRAPHICS_CONVERT_DRAWING, convert.Drawing.To, kTargets, kDrawingRules);
+    m_threshold.Bind(*this, IDC_GRAPHICS_THRESHOLD, convert.Drawing.Threshold,
+                     RangeOf("Convert.Drawing.Threshold"), {.step = 5, .spin = IDC_GRAPHICS_THRESHOLD_SPIN});
+}
+
+}  // namespace
+
+std::unique_ptr<PageWindow> MakeGraphicsPage() {
+    return std::make_unique<CDlgGraphics>();
 }
 
 }  // namespace vmk

@@ -8,11 +8,19 @@ namespace vmk {
 // are not offered).
 enum class LengthUnit : std::int32_t { kMillimetres = 0, kInches = 1, kPoints = 2, kCentimetres = 3 };
 
-// Conversions by way of points, 72 to the inch.
-double ToPoints(double length, LengthUnit unit);
-double FromPoints(double points, LengthUnit unit);
-
-// A length as it is stored: whole tenths of a millimetre, the rest cut off.
-std::int32_t ToStoredLength(double points);
+// Lengths are stored in whole tenths of a millimetre.
+constexpr double TenthsOfMillimetrePer(LengthUnit unit) {
+    switch (unit) {
+        case LengthUnit::kMillimetres:
+            return 10.0;
+        case LengthUnit::kInches:
+            return 254.0;
+        case LengthUnit::kPoints:
+            return 254.0 / 72.0;
+        case LengthUnit::kCentimetres:
+            break;
+    }
+    return 100.0;
+}
 
 }  // namespace vmk

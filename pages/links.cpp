@@ -1,25 +1,16 @@
-#include "pages/links.h"
-
-#include <utility>
-
-#include "base/truncate.h"
-#include "controls/color_dialog.h"
 #include "resources/ids/links.h"
+
+#include "controls/checkbox.h"
+#include "controls/color_button.h"
+#include "controls/combobox.h"
+#include "controls/number_box.h"
+#include "pages/page.h"
+#include "pages/pages.h"
 
 namespace vmk {
 namespace {
 
-constexpr ComboItem kTypes[] = {
-    {.value = 0, .text = L"No Border"},
-    {.value = 1, .text = L"Underline"},
-    {.value = 2, .text = L"Rectangle"},
-};
-
-constexpr ComboItem kStyles[] = {
-    {.value = 0, .text = L"Solid"},
-    {.value = 1, .text = L"Dashed"},
-    {.value = 2, .text = L"Dotted"},
-};
+using LinkSettings = decltype(PrinterSettings::Links);
 
 constexpr UINT kDetectionControls[] = {
     IDC_LINKS_FILES_GROUP,   IDC_LINKS_OPTIONS_GROUP, IDC_LINKS_TYPE_LABEL,
@@ -44,54 +35,46 @@ constexpr ComboRule kTypeRules[] = {
     {.ids = kBorderControls, .values = kWithoutBorder, .enable = false},
 };
 
-// The border's width is stored in tenths of a point and edited in points.
 constexpr double kTenths = 10.0;
-constexpr CMyEditDouble::Options kWidth = {.minimum = 0.5, .maximum = 5.0, .step = 0.5, .format = L"%1.1f"};
 
-// What the colour button keeps free around its bitmap, in pixels.
-constexpr int kFaceMarginX = 20;
-constexpr int kFaceMarginY = 10;
+class CDlgLinks final : public CPage {
+  public:
+    CDlgLinks() : CPage(IDD_LINKS) {}
 
-}  // namespace
+  private:
+    void LoadPage() override;
+    bool OnCommand(Command command) override;
+    void ShowDefaults();
 
-CDlgLinks::CDlgLinks() : CPage(IDD_LINKS), m_spins{{{.id = IDC_LINKS_WIDTH_SPIN, .edit = m_width}}} {}
+    CMyCheckbox m_analize;
+    CMyCheckbox m_filesAnalize;
+    CMyCheckbox m_filesCheck;
+    CMyCombobox m_type;
+    CMyCombobox m_style;
+    CMyEditDouble m_width;
+    ColorButton m_color;
+};
 
 void CDlgLinks::LoadPage() {
-    Settings& group = settings->Links;
-    m_color = static_cast<COLORREF>(group.Border.Color);
-    PaintColorButton();
-
-    m_analize.Bind(*this, IDC_LINKS_ANALIZE, group.Analize, {.ids = kDetectionControls});
-    m_filesAnalize.Bind(*this, IDC_LINKS_FILES_ANALIZE, group.Files.Analize, {.ids = kFileControls});
-    m_filesCheck.Bind(*this, IDC_LINKS_FILES_CHECK, group.Files.Check);
-    m_type.Bind(*this, IDC_LINKS_TYPE, group.Border.Type, kTypes, kTypeRules);
-    m_style.Bind(*this, IDC_LINKS_STYLE, group.Border.Style, kStyles);
-    m_widthInPoints = group.Border.Width / kTenths;
-    m_width.Bind(*this, IDC_LINKS_WIDTH, m_widthInPoints, kWidth);
-    ShowDetection(group);
-}
-
-void CDlgLinks::StorePage() {
-    Settings& group = settings->Links;
-    m_analize.Store();
-    m_filesAnalize.Store();
-    m_filesCheck.Store();
-    m_type.Store();
-    m_style.Store();
-    m_width.Store();
-    group.Border.Width = TruncateToInt32(m_widthInPoints * kTenths);
-    m_width.SetStored(group.Border.Width / kTenths);
-    group.Border.Color = static_cast<std::int32_t>(m_color);
+    LinkSettings& links = settings->Links;
+    // Links that are not to be found still show how they would look: only the user's click switches that off.
+    m_analize.Bind(*this, IDC_LINKS_ANALIZE, links.Analize,
+                   {.ids = kDetectionControls, .offByClickOnly = true});
+    m_filesAnalize.Bind(*this, IDC_LINKS_FILES_ANALIZE, links.Files.Analize, {.ids = kFileControls});
+    m_filesCheck.Bind(*this, IDC_LINKS_FILES_CHECK, links.Files.Check);
+    m_type.Bind(*this, IDC_LINKS_TYPE, links.Border.Type, ChoicesOf("Links.Border.Type"), kTypeRules);
+    m_style.Bind(*this, IDC_LINKS_STYLE, links.Border.Style, ChoicesOf("Links.Border.Style"));
+    m_width.Bind(*this, IDC_LINKS_WIDTH, links.Border.Width, RangeOf("Links.Border.Width"),
+                 {.step = 0.5, .spin = IDC_LINKS_WIDTH_SPIN, .storedPerUnit = kTenths, .format = L"%1.1f"});
+    m_color.Bind(*this, IDC_LINKS_COLOR, links.Border.Color);
 }
 
 bool CDlgLinks::OnCommand(Command command) {
     if (command.code != BN_CLICKED) return false;
     switch (command.id) {
         case IDC_LINKS_ANALIZE:
-            OnAnalizeClicked();
-            return true;
-        case IDC_LINKS_COLOR:
-            PickColor();
+            // The click does not enable Apply: it is stored along with the next change of anything else.
+            m_analize.SwitchOthers();
             return true;
         case IDC_LINKS_DEFAULT:
             ShowDefaults();
@@ -101,68 +84,22 @@ bool CDlgLinks::OnCommand(Command command) {
     }
 }
 
-// With the detection off its dependents stay as they are: they are switched off only by a click of the user.
-void CDlgLinks::ShowDetection(const Settings& shown) {
-    m_filesCheck.SetCheck(shown.Files.Check != 0);
-    if (shown.Analize != 0) {
-        m_analize.SetCheck(true);
-    } else {
-        CheckItem(IDC_LINKS_ANALIZE, false);
-    }
-    m_filesAnalize.SetCheck(shown.Files.Analize != 0);
-    m_type.SelectByValue(shown.Border.Type);
-    m_style.SelectByValue(shown.Border.Style);
-    // The border's rules never reach the file controls, so they need no second look.
-}
-
-// The click does not enable Apply: it is stored along with the next change of anything else.
-void CDlgLinks::OnAnalizeClicked() {
-    const bool analize = m_analize.IsChecked();
-    if (analize) m_analize.SetCheck(true);
-    m_filesAnalize.ReapplyDependents();
-    m_type.ReapplyRules();
-    if (!analize) m_analize.SetCheck(false);
-}
-
-void CDlgLinks::PickColor() {
-    RECT button{};
-    GetWindowRect(Item(IDC_LINKS_COLOR), &button);
-    CMyColorDialog dialog(m_color, Handle(), {.x = button.right, .y = button.top});
-    if (!dialog.Run()) return;
-    m_color = dialog.Color();
-    EnableApply();
-    PaintColorButton();
-}
-
 void CDlgLinks::ShowDefaults() {
-    const Settings defaults;
-    m_color = static_cast<COLORREF>(defaults.Border.Color);
-    PaintColorButton();
+    const LinkSettings defaults;
+    m_color.SetColor(defaults.Border.Color);
     m_width.SetNumber(defaults.Border.Width / kTenths);
-    ShowDetection(defaults);
+    m_analize.SetCheck(defaults.Analize != 0);
+    m_filesCheck.SetCheck(defaults.Files.Check != 0);
+    m_filesAnalize.SetCheck(defaults.Files.Analize != 0);
+    m_type.SelectByValue(defaults.Border.Type);
+    m_style.SelectByValue(defaults.Border.Style);
     EnableApply();
 }
 
-// The button shows a bitmap filled with the colour.
-void CDlgLinks::PaintColorButton() {
-    RECT face{};
-    GetClientRect(Item(IDC_LINKS_COLOR), &face);
-    face.right -= kFaceMarginX;
-    face.bottom -= kFaceMarginY;
+}  // namespace
 
-    // The context comes from GetDC but is handed back with DeleteDC, as it always was.
-    const UniqueDeviceContext screen(GetDC(Handle()));
-    const UniqueDeviceContext memory(CreateCompatibleDC(screen.get()));
-    UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), face.right, face.bottom));
-    HGDIOBJ previous = SelectObject(memory.get(), bitmap.get());
-    const UniqueBrush brush(CreateSolidBrush(m_color));
-    FillRect(memory.get(), &face, brush.get());
-    SelectObject(memory.get(), previous);
-
-    m_colorFace.reset();
-    m_colorFace = std::move(bitmap);
-    SendMessageW(Item(IDC_LINKS_COLOR), BM_SETIMAGE, IMAGE_BITMAP,
-                 reinterpret_cast<LPARAM>(m_colorFace.get()));
+std::unique_ptr<PageWindow> MakeLinksPage() {
+    return std::make_unique<CDlgLinks>();
 }
 
 }  // namespace vmk

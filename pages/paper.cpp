@@ -1,50 +1,53 @@
-#include "pages/paper.h"
-
 #include "resources/ids/paper.h"
+
+#include "controls/combobox.h"
+#include "pages/page.h"
+#include "pages/pages.h"
 
 namespace vmk {
 namespace {
 
-constexpr std::int32_t kOnePage = 1;
 constexpr std::int32_t kFirstOrder = 0;
 
-constexpr ComboItem kCounts[] = {
-    {kOnePage, L"1 page"}, {2, L"2 pages"}, {4, L"4 pages"},
-    {8, L"8 pages"},       {9, L"9 pages"}, {16, L"16 pages"},
+// The order is chosen from one of three lists that lie on top of one another, because the same number means
+// another order for two pages than for more.
+class CDlgPaper final : public CPage {
+  public:
+    CDlgPaper() : CPage(IDD_PAPER) {}
+
+  private:
+    void LoadPage() override;
+    void StorePage() override;
+    bool OnCommand(Command command) override;
+
+    // The list that offers the orders of so many pages; null when there is nothing to order.
+    CMyCombobox* OrderListFor(std::int32_t count);
+    void ShowOrder(std::int32_t count, std::int32_t order);
+
+    CMyCombobox m_count;
+    CMyCombobox m_noOrder;
+    CMyCombobox m_orderOfTwo;
+    CMyCombobox m_orderOfMore;
+    std::int32_t m_order =
+        CMyCombobox::kNoSelection;  // what all lists begin with; the page shows the one that counts
 };
-
-constexpr ComboItem kOrdersOfTwo[] = {
-    {kFirstOrder, L"Left To Right"},
-    {1, L"Right To Left"},
-};
-
-constexpr ComboItem kOrdersOfMore[] = {
-    {kFirstOrder, L"Across From Left"},
-    {1, L"Down From Left"},
-    {2, L"Across From Right"},
-    {3, L"Down From Right"},
-};
-
-}  // namespace
-
-CDlgPaper::CDlgPaper() : CPage(IDD_PAPER) {}
 
 void CDlgPaper::LoadPage() {
-    PrinterSettings::PaperGroup& paper = settings->Paper;
-    m_count.Bind(*this, IDC_PAPER_COUNT, paper.Nup, kCounts);
-    m_noOrder.Bind(*this, IDC_PAPER_NO_ORDER, paper.NupOrder, {});
-    m_orderOfTwo.Bind(*this, IDC_PAPER_ORDER_OF_TWO, paper.NupOrder, kOrdersOfTwo);
-    m_orderOfMore.Bind(*this, IDC_PAPER_ORDER_OF_MORE, paper.NupOrder, kOrdersOfMore);
+    auto& paper = settings->Paper;
+    m_count.Bind(*this, IDC_PAPER_COUNT, paper.Nup, ChoicesOf("Paper.Nup"));
+    m_noOrder.Bind(*this, IDC_PAPER_NO_ORDER, m_order, {});
+    m_orderOfTwo.Bind(*this, IDC_PAPER_ORDER_OF_TWO, m_order, choices::kOrdersOfTwo);
+    m_orderOfMore.Bind(*this, IDC_PAPER_ORDER_OF_MORE, m_order, choices::kOrdersOfMore);
     for (CMyCombobox* const list : {&m_noOrder, &m_orderOfTwo, &m_orderOfMore})
         list->SetNextFocus(m_count.Handle());
-
-    m_count.Show();
     ShowOrder(paper.Nup, paper.NupOrder);
 }
 
+// Of the lists of orders only the one for the count has a say.
 void CDlgPaper::StorePage() {
     m_count.Store();
-    if (CMyCombobox* const list = OrderListFor(settings->Paper.Nup)) list->Store();
+    if (const CMyCombobox* const list = OrderListFor(settings->Paper.Nup))
+        settings->Paper.NupOrder = list->SelectedValue();
 }
 
 bool CDlgPaper::OnCommand(Command command) {
@@ -73,13 +76,19 @@ CMyCombobox* CDlgPaper::OrderListFor(std::int32_t count) {
 // A count that is not known leaves all lists as the template made them.
 void CDlgPaper::ShowOrder(std::int32_t count, std::int32_t order) {
     CMyCombobox* const wanted = OrderListFor(count);
-    if (!wanted && count != kOnePage) return;
+    if (!wanted && count != choices::kOnePage) return;
     for (const CMyCombobox* const list : {&m_noOrder, &m_orderOfTwo, &m_orderOfMore}) {
         if (list != wanted) ShowWindow(list->Handle(), SW_HIDE);
     }
     if (!wanted) return;
     wanted->SelectByValue(order);
     ShowWindow(wanted->Handle(), SW_SHOWNA);
+}
+
+}  // namespace
+
+std::unique_ptr<PageWindow> MakePaperPage() {
+    return std::make_unique<CDlgPaper>();
 }
 
 }  // namespace vmk

@@ -1,20 +1,36 @@
-#include "pages/placeholder.h"
+#include <windows.h>
 
+#include "framework/dialog.h"
+#include "pages/pages.h"
 #include "resources/ids/main.h"
 
 namespace vmk {
+namespace {
 
-HWND PlaceholderPage::CreatePage(const CDialogEnv& /*env*/, HWND frame) {
-    return Create(m_templateId, frame);
+// A page that is listed but has no content: an empty dialog that handles nothing.
+class PlaceholderPage final : public PageWindow, public Dialog {
+  public:
+    explicit PlaceholderPage(UINT templateId) : m_templateId(templateId) {}
+
+    HWND CreatePage(const CDialogEnv& /*env*/, HWND frame) override { return Create(m_templateId, frame); }
+
+  private:
+    std::optional<LRESULT> ProcessWindowMessage(HWND /*hwnd*/, UINT /*msg*/, WPARAM /*wParam*/,
+                                                LPARAM /*lParam*/) override {
+        return std::nullopt;
+    }
+
+    UINT m_templateId;
+};
+
+}  // namespace
+
+std::unique_ptr<PageWindow> MakeCustomFormsPage() {
+    return std::make_unique<PlaceholderPage>(IDD_CUSTOM_FORMS);
 }
 
-std::optional<LRESULT> PlaceholderPage::ProcessWindowMessage(HWND /*hwnd*/, UINT /*msg*/, WPARAM /*wParam*/,
-                                                             LPARAM /*lParam*/) {
-    return std::nullopt;
+std::unique_ptr<PageWindow> MakeProfilesPage() {
+    return std::make_unique<PlaceholderPage>(IDD_PROFILES);
 }
-
-CDlgCustForm::CDlgCustForm() : PlaceholderPage(IDD_CUSTOM_FORMS) {}
-
-CDlgProfiles::CDlgProfiles() : PlaceholderPage(IDD_PROFILES) {}
 
 }  // namespace vmk

@@ -1,32 +1,27 @@
-#include "pages/save.h"
+#include "resources/ids/save.h"
 
-#include <algorithm>
-
-#include "base/truncate.h"
 #include "base/window_text.h"
+#include "controls/checkbox.h"
+#include "controls/combobox.h"
+#include "controls/edit_text.h"
 #include "controls/file_dialog.h"
 #include "controls/folder_dialog.h"
+#include "controls/number_box.h"
 #include "controls/path_box.h"
-#include "resources/ids/save.h"
+#include "controls/radio_button.h"
+#include "pages/file_name_macros.h"
+#include "pages/page.h"
+#include "pages/pages.h"
 
 namespace vmk {
 namespace {
-
-constexpr std::int32_t kAutoNumber = 2;
-constexpr ComboItem kWhenExists[] = {
-    {0, L"Show Warning Dialog"},
-    {1, L"Always Overwrite"},
-    {kAutoNumber, L"Auto Number"},
-    {3, L"Merge With Existing (Append To)"},
-    {4, L"Merge With Existing (Insert Before)"},
-};
 
 // The label of the path is one of them and the label of the start is not: so it has always been.
 constexpr UINT kNumbering[] = {
     IDC_SAVE_START,  IDC_SAVE_START_SPIN,  IDC_SAVE_DIGITS_LABEL,
     IDC_SAVE_DIGITS, IDC_SAVE_DIGITS_SPIN, IDC_SAVE_FOLDER_LABEL,
 };
-constexpr std::int32_t kNumbered[] = {kAutoNumber};
+constexpr std::int32_t kNumbered[] = {choices::kAutoNumber};
 constexpr std::int32_t kNotNumbered[] = {0, 1, 3, 4};
 constexpr ComboRule kWhenExistsRules[] = {
     {.ids = kNumbering, .values = kNumbered, .enable = true},
@@ -51,37 +46,43 @@ constexpr UINT kPredefinedOnly[] = {IDC_SAVE_PREDEFINED};
 constexpr UINT kDefaultAppOnly[] = {IDC_SAVE_DEFAULT_APP};
 constexpr UINT kGivenAppOnly[] = {IDC_SAVE_GIVEN_APP};
 
-constexpr CMyEditDouble::Options kStartOptions = {.minimum = 0, .maximum = 2147483647, .format = L"%.0f"};
-constexpr CMyEditDouble::Options kDigitsOptions = {.minimum = 1, .maximum = 6, .format = L"%.0f"};
-
-struct Macro {
-    UINT command;
-    const wchar_t* text;
-};
-constexpr Macro kMacros[] = {
-    {IDM_SAVE_DOCUMENT_NAME, L"%[DocName]"},
-    {IDM_SAVE_COMPUTER_NAME, L"%[Computer]"},
-    {IDM_SAVE_USER_NAME, L"%[User]"},
-    {IDM_SAVE_DATE, L"%[Date]"},
-    {IDM_SAVE_YEAR, L"%[Year]"},
-    {IDM_SAVE_MONTH, L"%[Month]"},
-    {IDM_SAVE_DAY, L"%[Day]"},
-    {IDM_SAVE_TIME, L"%[Time]"},
-    {IDM_SAVE_HOUR, L"%[Hour]"},
-    {IDM_SAVE_MINUTE, L"%[Minute]"},
-    {IDM_SAVE_SECOND, L"%[Second]"},
-};
-
 // As much of a file name as a macro is appended to.
 constexpr int kLongestFileName = 259;
 
-}  // namespace
+class CDlgSave final : public CPage {
+  public:
+    CDlgSave() : CPage(IDD_SAVE) {}
 
-CDlgSave::CDlgSave()
-    : CPage(IDD_SAVE), m_spins{{{IDC_SAVE_START_SPIN, m_start}, {IDC_SAVE_DIGITS_SPIN, m_digits}}} {}
+  private:
+    void LoadPage() override;
+    bool OnCommand(Command command) override;
+
+    void BindTarget();
+    void BindApplication();
+    void ShowTarget();
+    void ShowApplication();
+    void OnRunClicked();
+    void ClickChosenApplication() const;
+    void AppendMacro();
+
+    CMyRadioButton m_ask;
+    CMyRadioButton m_predefined;
+    CMyRadioButton m_defaultApplication;
+    CMyRadioButton m_givenApplication;
+    CMyCheckbox m_sameFolder;
+    CMyCombobox m_whenExists;
+    CMyEditDouble m_start;
+    CMyEditDouble m_digits;
+    CMyCheckbox m_run;
+    CMyEditText m_folder;
+    CMyEditText m_fileName;
+    CMyEditText m_application;
+    CMyEditText m_parameters;
+
+    FileNameMacros m_macros;  // goes before the controls do
+};
 
 void CDlgSave::LoadPage() {
-    m_macros = LoadMenuResource(IDR_SAVE_MACROS);
     BindTarget();
     BindApplication();
     ShowTarget();
@@ -89,7 +90,7 @@ void CDlgSave::LoadPage() {
 }
 
 void CDlgSave::BindTarget() {
-    PrinterSettings::SaveGroup& save = settings->Save;
+    auto& save = settings->Save;
     m_ask.Bind(
         *this, IDC_SAVE_ASK, save.ShowSaveDialog,
         {.value = 1, .group = kPredefinedOnly, .dependents = {.ids = kPredefined, .enabledWhenOn = false}});
@@ -99,17 +100,16 @@ void CDlgSave::BindTarget() {
                       {.ids = kOtherFolder, .enabledWhenOn = false});
     m_folder.Bind(*this, IDC_SAVE_FOLDER, save.Folder);
     m_fileName.Bind(*this, IDC_SAVE_FILE_NAME, save.FileName);
-    m_whenExists.Bind(*this, IDC_SAVE_EXISTS, save.WhenExists, kWhenExists, kWhenExistsRules);
-    m_startNumber = save.AutoNumber.Start;
-    m_start.Bind(*this, IDC_SAVE_START, m_startNumber, kStartOptions);
-    m_digitsNumber = save.AutoNumber.Digits;
-    m_digits.Bind(*this, IDC_SAVE_DIGITS, m_digitsNumber, kDigitsOptions);
+    m_whenExists.Bind(*this, IDC_SAVE_EXISTS, save.WhenExists, ChoicesOf("Save.WhenExists"),
+                      kWhenExistsRules);
+    m_start.Bind(*this, IDC_SAVE_START, save.AutoNumber.Start, RangeOf("Save.AutoNumber.Start"),
+                 {.spin = IDC_SAVE_START_SPIN, .format = L"%.0f"});
+    m_digits.Bind(*this, IDC_SAVE_DIGITS, save.AutoNumber.Digits, RangeOf("Save.AutoNumber.Digits"),
+                  {.spin = IDC_SAVE_DIGITS_SPIN, .format = L"%.0f"});
 }
 
 void CDlgSave::BindApplication() {
     RunApplication& run = settings->Save.App.Run;
-    m_application.Bind(*this, IDC_SAVE_APP, run.Path);
-    m_parameters.Bind(*this, IDC_SAVE_PARAMETERS, settings->Save.App.Params);
     m_run.Bind(*this, IDC_SAVE_RUN, run.Use, {.ids = kRun});
     m_defaultApplication.Bind(*this, IDC_SAVE_DEFAULT_APP, run.WithoutPath,
                               {.value = 1,
@@ -117,12 +117,14 @@ void CDlgSave::BindApplication() {
                                .dependents = {.ids = kGivenApplication, .enabledWhenOn = false}});
     m_givenApplication.Bind(*this, IDC_SAVE_GIVEN_APP, run.WithoutPath,
                             {.value = 0, .group = kDefaultAppOnly, .dependents = {.ids = kGivenApplication}});
+    m_application.Bind(*this, IDC_SAVE_APP, run.Path);
+    m_parameters.Bind(*this, IDC_SAVE_PARAMETERS, settings->Save.App.Params);
 }
 
 // The radio buttons are clicked and not merely checked: a click switches the dependents of the whole group,
-// and it enables Apply.
+// and it enables Apply. The label of the path belongs to the list and to the box; the box has the last word,
+// which "ask" does not take back.
 void CDlgSave::ShowTarget() {
-    m_whenExists.Show();
     if (settings->Save.ShowSaveDialog) {
         m_sameFolder.Show();
         ClickItem(IDC_SAVE_ASK);
@@ -132,31 +134,12 @@ void CDlgSave::ShowTarget() {
     }
 }
 
+// For the click the buttons have to be enabled.
 void CDlgSave::ShowApplication() {
     const RunApplication& run = settings->Save.App.Run;
-    if (run.Use) m_run.Show();
+    m_run.SetCheck(true);
     ClickItem(run.WithoutPath ? IDC_SAVE_DEFAULT_APP : IDC_SAVE_GIVEN_APP);
     if (!run.Use) m_run.Show();
-}
-
-void CDlgSave::StorePage() {
-    m_ask.Store();
-    m_predefined.Store();
-    m_defaultApplication.Store();
-    m_givenApplication.Store();
-    m_sameFolder.Store();
-    m_whenExists.Store();
-    m_start.Store();
-    settings->Save.AutoNumber.Start = TruncateToInt32(m_startNumber);
-    m_start.SetStored(settings->Save.AutoNumber.Start);
-    m_digits.Store();
-    settings->Save.AutoNumber.Digits = TruncateToInt32(m_digitsNumber);
-    m_digits.SetStored(settings->Save.AutoNumber.Digits);
-    m_run.Store();
-    m_folder.Store();
-    m_fileName.Store();
-    m_application.Store();
-    m_parameters.Store();
 }
 
 bool CDlgSave::OnCommand(Command command) {
@@ -164,7 +147,7 @@ bool CDlgSave::OnCommand(Command command) {
     switch (command.id) {
         case IDC_SAVE_PREDEFINED:
             // It has enabled the numbering, which is the list's business.
-            m_whenExists.ReapplyRules();
+            m_whenExists.SwitchOthers();
             return false;
         case IDC_SAVE_FOLDER_BROWSE:
             TakeChosenPath(m_folder, ChooseFolder(GetActiveWindow()));
@@ -188,9 +171,9 @@ bool CDlgSave::OnCommand(Command command) {
 void CDlgSave::OnRunClicked() {
     EnableApply();
     const bool run = m_run.IsChecked();
-    if (run) m_run.ReapplyDependents();
+    if (run) m_run.SwitchOthers();
     ClickChosenApplication();
-    if (!run) m_run.ReapplyDependents();
+    if (!run) m_run.SwitchOthers();
 }
 
 void CDlgSave::ClickChosenApplication() const {
@@ -199,22 +182,16 @@ void CDlgSave::ClickChosenApplication() const {
 
 // The text is read and written back, and Apply enabled, also when no macro was chosen.
 void CDlgSave::AppendMacro() {
-    const UINT command = AskForMacro();
     std::wstring fileName = WindowText(m_fileName.Handle(), kLongestFileName);
-    const auto* const macro = std::ranges::find(kMacros, command, &Macro::command);
-    if (macro != std::end(kMacros)) fileName += macro->text;
+    fileName += m_macros.Ask(*this, Item(IDC_SAVE_MACRO));
     m_fileName.SetText(fileName);
     EnableApply();
 }
 
-// The command chosen from the menu below the button, 0 for none.
-UINT CDlgSave::AskForMacro() const {
-    HMENU popup = GetSubMenu(m_macros.get(), 0);
-    TranslateMenuTexts(popup);
-    RECT button{};
-    GetWindowRect(Item(IDC_SAVE_MACRO), &button);
-    return static_cast<UINT>(TrackPopupMenu(popup, TPM_LEFTALIGN | TPM_TOPALIGN | TPM_RETURNCMD, button.left,
-                                            button.bottom, 0, Handle(), nullptr));
+}  // namespace
+
+std::unique_ptr<PageWindow> MakeSavePage() {
+    return std::make_unique<CDlgSave>();
 }
 
 }  // namespace vmk

@@ -1,17 +1,14 @@
-#include "pages/security.h"
-
 #include "resources/ids/security.h"
+
+#include "controls/checkbox.h"
+#include "controls/combobox.h"
+#include "controls/edit_text.h"
+#include "pages/page.h"
+#include "pages/pages.h"
+#include "pages/security_panels.h"
 
 namespace vmk {
 namespace {
-
-constexpr std::int32_t k40Bits = 40;
-constexpr std::int32_t k128Bits = 128;
-
-constexpr ComboItem kLevels[] = {
-    {k40Bits, L"40-bit RC4 (Acrobat 3.x, 4.x)"},
-    {k128Bits, L"128-bit RC4 (Acrobat 5.x and above)"},
-};
 
 constexpr UINT kUsed[] = {
     IDC_SECURITY_PASSWORDS_GROUP,      IDC_SECURITY_USER_PASSWORD_LABEL,
@@ -23,49 +20,62 @@ constexpr UINT kUsed[] = {
 constexpr UINT kUserPassword[] = {IDC_SECURITY_USER_PASSWORD_LABEL, IDC_SECURITY_USER_PASSWORD};
 constexpr UINT kOwnerPassword[] = {IDC_SECURITY_OWNER_PASSWORD_LABEL, IDC_SECURITY_OWNER_PASSWORD};
 
-}  // namespace
+class CDlgSecurity final : public CPage {
+  public:
+    CDlgSecurity() : CPage(IDD_SECURITY) {}
 
-CDlgSecurity::CDlgSecurity() : CPage(IDD_SECURITY) {}
+  private:
+    void LoadPage() override;
+    void StorePage() override;
+    bool OnCommand(Command command) override;
+
+    void ShowUse(std::int32_t level);
+    void ShowPermissions(bool of40Bits);
+    void OnLevelSelected();
+
+    CMyCheckbox m_use;
+    CMyCheckbox m_useUserPassword;
+    CMyCheckbox m_useOwnerPassword;
+    CMyEditText m_userPassword;
+    CMyEditText m_ownerPassword;
+    CMyCombobox m_level;
+
+    // Whether a password is wanted is no setting of its own: a stored password says so. One that is not
+    // wanted is kept nevertheless.
+    std::int32_t m_hasUserPassword = 0;
+    std::int32_t m_hasOwnerPassword = 0;
+
+    CDlgSec40 m_panel40;
+    CDlgSec128 m_panel128;
+};
 
 void CDlgSecurity::LoadPage() {
-    m_hasUserPassword = settings->Security.UserPwd.empty() ? 0 : 1;
-    m_hasOwnerPassword = settings->Security.OwnerPwd.empty() ? 0 : 1;
+    auto& security = settings->Security;
+    m_hasUserPassword = security.UserPwd.empty() ? 0 : 1;
+    m_hasOwnerPassword = security.OwnerPwd.empty() ? 0 : 1;
     m_panel40.CreatePanel(*this, Item(IDC_SECURITY_PANELS));
     m_panel128.CreatePanel(*this, Item(IDC_SECURITY_PANELS));
-    BindControls();
-    m_use.Show();
-    ShowUse(settings->Security.Level);
-}
-
-void CDlgSecurity::BindControls() {
-    m_use.Bind(*this, IDC_SECURITY_USE, settings->Security.Use, {.ids = kUsed});
+    m_use.Bind(*this, IDC_SECURITY_USE, security.Use, {.ids = kUsed});
     m_useUserPassword.Bind(*this, IDC_SECURITY_USE_USER_PASSWORD, m_hasUserPassword, {.ids = kUserPassword});
-    m_useUserPassword.ShowCheckOnly();
     m_useOwnerPassword.Bind(*this, IDC_SECURITY_USE_OWNER_PASSWORD, m_hasOwnerPassword,
                             {.ids = kOwnerPassword});
-    m_useOwnerPassword.ShowCheckOnly();
-    m_userPassword.Bind(*this, IDC_SECURITY_USER_PASSWORD, settings->Security.UserPwd);
-    m_ownerPassword.Bind(*this, IDC_SECURITY_OWNER_PASSWORD, settings->Security.OwnerPwd);
-    m_level.Bind(*this, IDC_SECURITY_LEVEL, settings->Security.Level, kLevels);
-    m_level.Show();
+    m_userPassword.Bind(*this, IDC_SECURITY_USER_PASSWORD, security.UserPwd);
+    m_ownerPassword.Bind(*this, IDC_SECURITY_OWNER_PASSWORD, security.OwnerPwd);
+    m_level.Bind(*this, IDC_SECURITY_LEVEL, security.Level, ChoicesOf("Security.Level"));
+    ShowUse(security.Level);
 }
 
+// The panels are dialogs of their own, with values of their own.
 void CDlgSecurity::StorePage() {
-    m_use.Store();
-    m_useUserPassword.Store();
-    m_useOwnerPassword.Store();
-    // A password that is not required is kept nevertheless.
-    m_userPassword.Store();
-    m_ownerPassword.Store();
-    m_level.Store();
+    StoreValues();
     m_panel40.StorePanel();
     m_panel128.StorePanel();
 }
 
 bool CDlgSecurity::OnCommand(Command command) {
     if (command.id == IDC_SECURITY_USE && command.code == BN_CLICKED) {
-        OnUseClicked();
-        return true;
+        ShowUse(m_level.SelectedValue());
+        return false;
     }
     if (command.id == IDC_SECURITY_LEVEL && command.code == CBN_SELCHANGE) {
         OnLevelSelected();
@@ -74,21 +84,12 @@ bool CDlgSecurity::OnCommand(Command command) {
     return false;
 }
 
-void CDlgSecurity::OnUseClicked() {
-    m_use.ReapplyDependents();
-    ShowUse(m_level.SelectedValue());
-    EnableApply();
-}
-
 // What goes beyond the enabling of the dependents when security is switched on or off: the panels are hidden
 // together with their container and keep their own state.
 void CDlgSecurity::ShowUse(std::int32_t level) {
     const bool used = m_use.IsChecked();
     ShowItem(IDC_SECURITY_PANELS, used);
-    if (!used) return;
-    m_useUserPassword.ReapplyDependents();
-    m_useOwnerPassword.ReapplyDependents();
-    ShowPermissions(level == k40Bits);
+    if (used) ShowPermissions(level == choices::k40Bits);
 }
 
 void CDlgSecurity::ShowPermissions(bool of40Bits) {
@@ -102,6 +103,12 @@ void CDlgSecurity::OnLevelSelected() {
     const int position = m_level.SelectedPosition();
     if (position == 0) ShowPermissions(true);
     if (position == 1) ShowPermissions(false);
+}
+
+}  // namespace
+
+std::unique_ptr<PageWindow> MakeSecurityPage() {
+    return std::make_unique<CDlgSecurity>();
 }
 
 }  // namespace vmk

@@ -20,8 +20,6 @@ class SecurityPanel : public BoundDialog {
   protected:
     explicit SecurityPanel(UINT templateId) : m_templateId(templateId) {}
 
-    virtual void StorePermissions() = 0;
-
   private:
     UINT m_templateId;
 };
@@ -32,7 +30,6 @@ class CDlgSec40 final : public SecurityPanel {
 
   private:
     void OnInitDialog() override;
-    void StorePermissions() override;
 
     CMyCheckbox m_printing;
     CMyCheckbox m_changing;
@@ -46,7 +43,6 @@ class CDlgSec128 final : public SecurityPanel {
 
   private:
     void OnInitDialog() override;
-    void StorePermissions() override;
 
     CMyCheckbox m_access;
     CMyCheckbox m_copying;

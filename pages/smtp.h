@@ -4,8 +4,8 @@
 
 #include "controls/bound_dialog.h"
 #include "controls/checkbox.h"
-#include "controls/edit_double.h"
 #include "controls/edit_text.h"
+#include "controls/number_box.h"
 #include "resources/ids/smtp.h"
 
 namespace vmk {
@@ -23,19 +23,13 @@ class CDlgSMTP final : public BoundDialog {
   private:
     void OnInitDialog() override;
     bool OnCommand(Command command) override;
-    std::span<const Spin> Spins() override { return m_spins; }
 
-    void Load();
-    void Store();
-
-    double m_portNumber = 0.0;  // what the number box edits in place of the record's integer
-    CMyEditText m_address;
-    CMyEditDouble m_port;
     CMyCheckbox m_authentication;
+    CMyCheckbox m_secure;
+    CMyEditText m_address;
     CMyEditText m_userName;
     CMyEditText m_password;
-    CMyCheckbox m_secure;
-    const Spin m_spins[1] = {{.id = IDC_SMTP_PORT_SPIN, .edit = m_port}};
+    CMyEditDouble m_port;
 };
 
 }  // namespace vmk

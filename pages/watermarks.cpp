@@ -1,18 +1,26 @@
-#include "pages/watermarks.h"
-
 #include "resources/ids/watermarks.h"
 
+#include "controls/checkbox.h"
+#include "pages/page.h"
+#include "pages/pages.h"
+
 namespace vmk {
+namespace {
 
-CDlgWatermarks::CDlgWatermarks() : CPage(IDD_WATERMARKS) {}
+class CDlgWatermarks final : public CPage {
+  public:
+    CDlgWatermarks() : CPage(IDD_WATERMARKS) {}
 
-void CDlgWatermarks::LoadPage() {
-    m_print.Bind(*this, IDC_WATERMARKS_PRINT, settings->Watermarks.Print);
-    m_print.Show();
-}
+  private:
+    void LoadPage() override { m_print.Bind(*this, IDC_WATERMARKS_PRINT, settings->Watermarks.Print); }
 
-void CDlgWatermarks::StorePage() {
-    m_print.Store();
+    CMyCheckbox m_print;
+};
+
+}  // namespace
+
+std::unique_ptr<PageWindow> MakeWatermarksPage() {
+    return std::make_unique<CDlgWatermarks>();
 }
 
 }  // namespace vmk

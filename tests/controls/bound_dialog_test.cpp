@@ -6,7 +6,7 @@
 #include <olectl.h>
 
 #include "controls/checkbox.h"
-#include "controls/edit_int.h"
+#include "controls/number_box.h"
 #include "controls/edit_text.h"
 #include "tests/controls/live_page.h"
 
@@ -71,9 +71,8 @@ TEST_F(PageOfBoundControls, TurnsAProposedChangeOfASpinIntoOneStep) {
     std::int32_t number = 50;
     CMyEditInt edit;
     Open(IDD_TEST_EDIT_INT, [&](TestPage& bound) {
-        edit.Bind(bound, IDC_TEST_SUBJECT, number, {.minimum = 1, .maximum = 100});
+        edit.Bind(bound, IDC_TEST_SUBJECT, number, {.minimum = 1, .maximum = 100, .spin = IDC_TEST_SPIN});
     });
-    page.spins.push_back({.id = IDC_TEST_SPIN, .edit = edit});
     const auto propose = [&](int change, UINT_PTR id, UINT code) {
         NMUPDOWN proposal = {.hdr = {.hwndFrom = Control(IDC_TEST_SPIN), .idFrom = id, .code = code},
                              .iPos = 0,

@@ -16,7 +16,6 @@ class BoundCheckbox : public ControlTest {
         box.emplace();
         ControlTest::Open(IDD_TEST_CHECKBOX, [&, dependents](TestPage& bound) {
             box->Bind(bound, IDC_TEST_SUBJECT, field, dependents);
-            box->Show();
         });
     }
     size_t EnabledDependents() const {
@@ -96,12 +95,11 @@ TEST_F(BoundCheckbox, ShowsTheValueLastTakenOrStored) {
     EXPECT_FALSE(box->IsChecked());
 }
 
-TEST_F(BoundCheckbox, CanShowItsValueAndLeaveTheDependentsAlone) {
+TEST_F(BoundCheckbox, SwitchesItsDependentsAgainAfterSomebodyElseHas) {
     Open(1);
     EnableWindow(Control(IDC_TEST_DEPENDENT_EDIT), FALSE);
-    box->ShowCheckOnly();
     EXPECT_EQ(EnabledDependents(), 2U);
-    box->ReapplyDependents();
+    box->SwitchOthers();
     EXPECT_EQ(EnabledDependents(), 3U);
 }
 

@@ -7,7 +7,7 @@
 namespace vmk::test {
 namespace {
 
-using Items = std::vector<ComboItem>;
+using Items = std::vector<Choice>;
 using Rules = std::vector<ComboRule>;
 
 constexpr UINT kEdit[] = {IDC_TEST_DEPENDENT_EDIT};
@@ -25,7 +25,6 @@ class BoundCombobox : public ControlTest {
         list.emplace();
         ControlTest::Open(IDD_TEST_COMBOBOX, [&](TestPage& bound) {
             list->Bind(bound, IDC_TEST_SUBJECT, field, items, rules);
-            list->Show();
         });
     }
     // What the user does: an item by its position.

@@ -1,4 +1,4 @@
-#include "controls/edit_double.h"
+#include "controls/number_box.h"
 
 #include <optional>
 
@@ -9,20 +9,24 @@ namespace {
 
 class BoundEditDouble : public ControlTest {
   protected:
-    void Open(double stored, const CMyEditDouble::Options& options = {.minimum = 0.5, .maximum = 100.0}) {
-        field = stored;
+    // The field holds hundred thousandths of what the box shows, unless the test says otherwise.
+    void Open(double stored, CMyEditDouble::Options options = {.minimum = 0.5, .maximum = 100.0}) {
+        options.storedPerUnit = storedPerUnit;
+        options.spin = IDC_TEST_SPIN;
         edit.emplace();
         ControlTest::Open(IDD_TEST_EDIT_DOUBLE, [&, options](TestPage& bound) {
             edit->Bind(bound, IDC_TEST_SUBJECT, field, options);
+            edit->SetStored(stored);
         });
-        page.spins.push_back({.id = IDC_TEST_SPIN, .edit = *edit});
     }
     double Stored() {
         edit->Store();
-        return field;
+        return field / storedPerUnit;
     }
 
-    double field = 0.0;
+    double storedPerUnit = 1e5;
+
+    std::int32_t field = 0;
     std::optional<CMyEditDouble> edit;
 };
 
@@ -133,6 +137,7 @@ TEST_F(BoundEditDouble, OnlyTheFirstTwentyCharactersAreRead) {
 }
 
 TEST_F(BoundEditDouble, WithoutARangeAnyNumberIsAcceptedAndNothingIsStepped) {
+    storedPerUnit = 1.0;
     Open(1.0, {});
     EnterTextAndLeave(L"-1e9");
     EXPECT_EQ(Stored(), -1e9);

@@ -1,4 +1,4 @@
-#include "controls/edit_int.h"
+#include "controls/number_box.h"
 
 #include <limits>
 #include <optional>
@@ -14,13 +14,13 @@ using Limits = std::numeric_limits<std::int32_t>;
 
 class BoundEditInt : public ControlTest {
   protected:
-    void Open(std::int32_t stored, const CMyEditInt::Options& options = {.minimum = 1, .maximum = 100}) {
+    void Open(std::int32_t stored, CMyEditInt::Options options = {.minimum = 1, .maximum = 100}) {
         field = stored;
+        options.spin = IDC_TEST_SPIN;
         edit.emplace();
         ControlTest::Open(IDD_TEST_EDIT_INT, [&, options](TestPage& bound) {
             edit->Bind(bound, IDC_TEST_SUBJECT, field, options);
         });
-        page.spins.push_back({.id = IDC_TEST_SPIN, .edit = *edit});
     }
     std::int32_t Stored() {
         edit->Store();

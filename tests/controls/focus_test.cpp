@@ -7,8 +7,7 @@
 #include "controls/bound_control.h"
 #include "controls/checkbox.h"
 #include "controls/combobox.h"
-#include "controls/edit_double.h"
-#include "controls/edit_int.h"
+#include "controls/number_box.h"
 #include "controls/edit_text.h"
 #include "controls/radio_button.h"
 #include "tests/controls/live_page.h"
@@ -256,15 +255,14 @@ class DialogCodeOfABoundControl : public ControlTest {
 
 TEST_F(DialogCodeOfABoundControl, AsksForAllKeysBesideWhatTheClassAnswers) {
     std::int32_t number = 0;
-    double decimal = 0.0;
     std::wstring text;
     const auto field = [](auto& value) { return std::ref(value); };
     const DialogCodes all[] = {
         CodesIn<CMyCheckbox>(IDD_TEST_CHECKBOX, field(number)),
         CodesIn<CMyEditInt>(IDD_TEST_EDIT_INT, field(number), CMyEditInt::Options{}),
-        CodesIn<CMyEditDouble>(IDD_TEST_EDIT_DOUBLE, field(decimal), CMyEditDouble::Options{}),
+        CodesIn<CMyEditDouble>(IDD_TEST_EDIT_DOUBLE, field(number), CMyEditDouble::Options{}),
         CodesIn<CMyEditText>(IDD_TEST_EDIT_TEXT, field(text)),
-        CodesIn<CMyCombobox>(IDD_TEST_COMBOBOX, field(number), std::span<const ComboItem>{}),
+        CodesIn<CMyCombobox>(IDD_TEST_COMBOBOX, field(number), std::span<const Choice>{}),
     };
     for (const DialogCodes& codes : all) {
         EXPECT_NE(codes.ofClass & ~LRESULT{DLGC_WANTALLKEYS}, 0);

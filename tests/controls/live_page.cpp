@@ -45,7 +45,6 @@ void ControlTest::Open(UINT templateId, std::function<void(TestPage&)> bind) {
     if (!main.Create(IDD_TEST_MAIN, nullptr)) throw std::runtime_error("no window can be created");
     page.SetEnvironment({.applyButton = Apply(), .bound = 1});
     page.bind = std::move(bind);
-    page.spins.clear();
     if (!page.Create(templateId, main.Handle())) throw std::runtime_error("no page can be created");
     DisableApply();
     SetForegroundWindow(main.Handle());

@@ -33,13 +33,11 @@ class TestPage : public BoundDialog {
     std::function<void(TestPage&)> bind;
     std::function<bool(Command)> onCommand;
     std::function<bool(const NMHDR&)> onNotify;
-    std::vector<Spin> spins;
 
   private:
     void OnInitDialog() override { bind(*this); }
     bool OnCommand(Command command) override { return onCommand && onCommand(command); }
     bool OnNotify(const NMHDR& header) override { return onNotify && onNotify(header); }
-    std::span<const Spin> Spins() override { return spins; }
 };
 
 // A test with a page on screen, on the test's own thread. Keys are real ones: they go to the foreground

@@ -31,11 +31,7 @@ class FocusOfRadioButtons : public ControlTest {
         ControlTest::Open(IDD_TEST_RADIO_BUTTON, [&, enabled](TestPage& bound) {
             for (const UINT id : kRadios) bound.EnableItem(id, enabled);
             group.Bind(bound, field, kItems);
-            group.Show();
         });
-        page.onCommand = [&](Command command) {
-            return command.code == BN_CLICKED && group.OnClicked(command.id);
-        };
     }
     // What a button says to its parent when the focus comes to it, where the system does not say it by
     // itself.

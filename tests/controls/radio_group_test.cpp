@@ -15,9 +15,6 @@ class PlainRadioGroup : public ControlTest {
     void Open(std::int32_t stored) {
         field = stored;
         ControlTest::Open(IDD_TEST_RADIO_BUTTON, [&](TestPage& bound) { group.Bind(bound, field, kItems); });
-        page.onCommand = [&](Command command) {
-            return command.code == BN_CLICKED && group.OnClicked(command.id);
-        };
     }
     void Click(UINT id) const { SendMessageW(Control(id), BM_CLICK, 0, 0); }
     std::int32_t Stored() {

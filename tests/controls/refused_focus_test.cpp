@@ -2,8 +2,7 @@
 #include <vector>
 
 #include "controls/checkbox.h"
-#include "controls/edit_double.h"
-#include "controls/edit_int.h"
+#include "controls/number_box.h"
 #include "controls/focus.h"
 #include "tests/controls/live_page.h"
 
@@ -31,7 +30,7 @@ void WatchLosses(HWND box) {
 // A page with a whole and a decimal number, both from 1 to 100.
 class RefusedNumbers : public ControlTest {
   protected:
-    void OpenBoxes(std::int32_t first, double second, UINT watched = kFirst) {
+    void OpenBoxes(std::int32_t first, std::int32_t second, UINT watched = kFirst) {
         m_first = first;
         m_second = second;
         whole.emplace();
@@ -48,7 +47,7 @@ class RefusedNumbers : public ControlTest {
 
   private:
     std::int32_t m_first = 0;
-    double m_second = 0.0;
+    std::int32_t m_second = 0;
 };
 
 TEST_F(RefusedNumbers, KeepTheFocusWithoutTheBoxNoticingThatItWasAway) {

@@ -1,4 +1,4 @@
-#include "pages/font_list.h"
+#include "pages/fonts/font_list.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -4,12 +4,26 @@
 
 #include <limits>
 
+#include "base/truncate.h"
+
 namespace vmk::test {
 namespace {
 
 using enum LengthUnit;
 
 constexpr LengthUnit kAllUnits[] = {kMillimetres, kInches, kPoints, kCentimetres};
+
+double ToPoints(double length, LengthUnit unit) {
+    return length * TenthsOfMillimetrePer(unit) / TenthsOfMillimetrePer(kPoints);
+}
+
+double FromPoints(double points, LengthUnit unit) {
+    return points * TenthsOfMillimetrePer(kPoints) / TenthsOfMillimetrePer(unit);
+}
+
+std::int32_t ToStoredLength(double points) {
+    return TruncateResultToInt32(points * TenthsOfMillimetrePer(kPoints));
+}
 
 std::int32_t StoredFrom(double length, LengthUnit unit) {
     return ToStoredLength(ToPoints(length, unit));

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "framework/image_list.h"
-#include "pages/font_list.h"
+#include "pages/fonts/font_list.h"
 
 namespace vmk {
 

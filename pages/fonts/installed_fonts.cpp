@@ -1,4 +1,4 @@
-#include "pages/installed_fonts.h"
+#include "pages/fonts/installed_fonts.h"
 
 #include <windows.h>
 

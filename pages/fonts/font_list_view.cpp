@@ -1,4 +1,4 @@
-#include "pages/font_list_view.h"
+#include "pages/fonts/font_list_view.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,10 +1,15 @@
-#include "pages/fonts.h"
+#include "resources/ids/fonts.h"
 
 #include <utility>
 #include <vector>
 
-#include "pages/installed_fonts.h"
-#include "resources/ids/fonts.h"
+#include "controls/checkbox.h"
+#include "framework/image_list.h"
+#include "pages/fonts/font_list.h"
+#include "pages/fonts/font_list_view.h"
+#include "pages/fonts/installed_fonts.h"
+#include "pages/page.h"
+#include "pages/pages.h"
 
 namespace vmk {
 namespace {
@@ -24,9 +29,27 @@ constexpr MoveButton kMoveButtons[] = {
     {IDC_FONTS_REMOVE_NEVER, IDC_FONTS_NEVER, IDC_FONTS_AVAILABLE},
 };
 
-}  // namespace
+class CDlgFonts final : public CPage {
+  public:
+    CDlgFonts() : CPage(IDD_FONTS) {}
 
-CDlgFonts::CDlgFonts() : CPage(IDD_FONTS) {}
+  private:
+    void LoadPage() override;
+    void StorePage() override;
+    bool OnCommand(Command command) override;
+
+    FontListView List(UINT id) const { return FontListView(Item(id)); }
+    void ShowFonts(const PrinterSettings& shown);
+    void MoveSelected(UINT source, UINT target);
+    void ShowDefaults();
+
+    UniqueImageList m_icons;
+    FontFaces m_faces;
+    CMyCheckbox m_all;
+    CMyCheckbox m_protected;
+    CMyCheckbox m_useAlways;
+    CMyCheckbox m_useNever;
+};
 
 void CDlgFonts::LoadPage() {
     m_icons = LoadIconStrip(IDB_FONT_ICONS);
@@ -36,8 +59,6 @@ void CDlgFonts::LoadPage() {
     m_protected.Bind(*this, IDC_FONTS_EMBED_PROTECTED, embed.Protected);
     m_useAlways.Bind(*this, IDC_FONTS_USE_ALWAYS, embed.Use_Always);
     m_useNever.Bind(*this, IDC_FONTS_USE_NEVER, embed.Use_Never);
-    for (CMyCheckbox* const box : {&m_all, &m_protected, &m_useAlways, &m_useNever}) box->Show();
-
     for (const UINT id : kLists) List(id).Prepare(m_icons.get());
     ShowFonts(*settings);
 }
@@ -57,7 +78,7 @@ void CDlgFonts::ShowFonts(const PrinterSettings& shown) {
 }
 
 void CDlgFonts::StorePage() {
-    for (CMyCheckbox* const box : {&m_all, &m_protected, &m_useAlways, &m_useNever}) box->Store();
+    StoreValues();
     settings->Fonts.Embedd.Always = JoinFontList(List(IDC_FONTS_ALWAYS).Names());
     settings->Fonts.Embedd.Never = JoinFontList(List(IDC_FONTS_NEVER).Names());
 }
@@ -94,6 +115,12 @@ void CDlgFonts::ShowDefaults() {
     m_useAlways.SetCheck(embed.Use_Always != 0);
     m_useNever.SetCheck(embed.Use_Never != 0);
     EnableApply();
+}
+
+}  // namespace
+
+std::unique_ptr<PageWindow> MakeFontsPage() {
+    return std::make_unique<CDlgFonts>();
 }
 
 }  // namespace vmk

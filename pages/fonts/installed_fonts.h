@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "pages/font_list.h"
+#include "pages/fonts/font_list.h"
 
 namespace vmk {
 
