@@ -32,7 +32,9 @@ void BoundDialog::Switch(std::span<const UINT> ids, bool enable) const {
     EnableItems(ids, enable);
     if (!enable) return;
     for (BoundValue* const value : m_values) {
-        if (std::ranges::any_of(ids, [value](UINT id) { return value->Owns(id); })) value->SwitchOthers();
+        // One of them may have switched the next one off again.
+        const auto concerns = [&](UINT id) { return value->Owns(id) && IsWindowEnabled(Item(id)); };
+        if (std::ranges::any_of(ids, concerns)) value->SwitchOthers();
     }
 }
 

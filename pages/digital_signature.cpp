@@ -89,9 +89,9 @@ class CDlgDigSign final : public CPage {
     void StorePage() override;
     bool OnCommand(Command command) override;
 
-    void LoadReasons();
-    void LoadPosition();
-    void LoadAppearance();
+    void BindReasons();
+    void BindPosition();
+    void BindAppearance();
     void OnUnitSelected();
 
     CMyCheckbox m_enable;
@@ -114,21 +114,21 @@ void CDlgDigSign::LoadPage() {
     m_enable.Bind(*this, IDC_SIGNATURE_ENABLE, signature.Enable, {.ids = kSignatureControls});
     m_file.Bind(*this, IDC_SIGNATURE_FILE, signature.PFXFile);
     m_password.Bind(*this, IDC_SIGNATURE_PASSWORD, signature.PFXPassword);
-    LoadReasons();
+    BindReasons();
     m_location.Bind(*this, IDC_SIGNATURE_LOCATION, signature.Location);
     m_contact.Bind(*this, IDC_SIGNATURE_CONTACT, signature.ContactInfo);
-    LoadPosition();
-    LoadAppearance();
+    BindPosition();
+    BindAppearance();
 }
 
-void CDlgDigSign::LoadReasons() {
+void CDlgDigSign::BindReasons() {
     HWND list = Item(IDC_SIGNATURE_REASON);
     for (const wchar_t* const reason : kReasons)
         SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Translate(reason).c_str()));
     m_reason.Bind(*this, IDC_SIGNATURE_REASON, settings->Security.Digisig.Reason);
 }
 
-void CDlgDigSign::LoadPosition() {
+void CDlgDigSign::BindPosition() {
     auto& signature = settings->Security.Digisig;
     m_page.Bind(*this, IDC_SIGNATURE_PAGE, signature.Page, RangeOf("Security.Digisig.Page"),
                 {.spin = IDC_SIGNATURE_PAGE_SPIN});
@@ -145,7 +145,7 @@ void CDlgDigSign::LoadPosition() {
     }
 }
 
-void CDlgDigSign::LoadAppearance() {
+void CDlgDigSign::BindAppearance() {
     auto& signature = settings->Security.Digisig;
     m_graphic.BindBits(*this, IDC_SIGNATURE_GRAPHIC, signature.Flags, choices::kGraphicBits,
                        choices::kGraphics, kGraphicRules);

@@ -6,8 +6,8 @@
 #include <olectl.h>
 
 #include "controls/checkbox.h"
-#include "controls/number_box.h"
 #include "controls/edit_text.h"
+#include "controls/number_box.h"
 #include "tests/controls/live_page.h"
 
 namespace vmk::test {

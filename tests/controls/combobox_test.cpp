@@ -23,9 +23,8 @@ class BoundCombobox : public ControlTest {
         items = std::move(shown);
         rules = std::move(applied);
         list.emplace();
-        ControlTest::Open(IDD_TEST_COMBOBOX, [&](TestPage& bound) {
-            list->Bind(bound, IDC_TEST_SUBJECT, field, items, rules);
-        });
+        ControlTest::Open(IDD_TEST_COMBOBOX,
+                          [&](TestPage& bound) { list->Bind(bound, IDC_TEST_SUBJECT, field, items, rules); });
     }
     // What the user does: an item by its position.
     void Choose(int position) const {

@@ -1,7 +1,6 @@
-#include "controls/number_box.h"
-
 #include <optional>
 
+#include "controls/number_box.h"
 #include "tests/controls/live_page.h"
 
 namespace vmk::test {
@@ -155,6 +154,72 @@ TEST_F(BoundEditDouble, StepsWithinItsLimitsAndEnablesApply) {
     EXPECT_TRUE(edit->StepDown());
     EXPECT_EQ(Text(), L"0.500");
     EXPECT_EQ(Stored(), 0.5);
+}
+
+TEST_F(BoundEditDouble, ShowsAndStoresTheFieldInItsUnit) {
+    field = 255;
+    edit.emplace();
+    ControlTest::Open(IDD_TEST_EDIT_DOUBLE, [&](TestPage& bound) {
+        edit->Bind(bound, IDC_TEST_SUBJECT, field, {.storedPerUnit = 10.0, .format = L"%1.2f"});
+    });
+    EXPECT_EQ(Text(), L"25.50");
+    EnterTextAndLeave(L"16.79");
+    edit->Store();
+    EXPECT_EQ(field, 167);
+}
+
+TEST_F(BoundEditDouble, TheLimitsOfAStoredNumberAreThoseOfTheFieldInItsUnit) {
+    field = 10;
+    edit.emplace();
+    ControlTest::Open(IDD_TEST_EDIT_DOUBLE, [&](TestPage& bound) {
+        edit->Bind(bound, IDC_TEST_SUBJECT, field, NumberRange{.smallest = 5, .largest = 50},
+                   {.storedPerUnit = 10.0, .format = L"%1.1f"});
+    });
+    for (const wchar_t* const refused : {L"0.4", L"5.1"}) {
+        EnterTextAndLeave(refused);
+        EXPECT_EQ(Text(), L"1.0") << refused;
+    }
+    EnterTextAndLeave(L"5.0");
+    EXPECT_EQ(Text(), L"5.0");
+}
+
+TEST_F(BoundEditDouble, AWholeNumberSurvivesItsUnit) {
+    for (std::int32_t stored = 1; stored < 1000; stored += 37) {
+        field = stored;
+        edit.emplace();
+        ControlTest::Open(IDD_TEST_EDIT_DOUBLE, [&](TestPage& bound) {
+            edit->Bind(bound, IDC_TEST_SUBJECT, field, {.storedPerUnit = 254.0 / 72.0});
+        });
+        edit->Store();
+        ASSERT_EQ(field, stored);
+    }
+}
+
+TEST_F(BoundEditDouble, AnotherUnitConvertsWhatIsOnScreenTypedOrNot) {
+    field = 254;
+    edit.emplace();
+    ControlTest::Open(IDD_TEST_EDIT_DOUBLE, [&](TestPage& bound) {
+        edit->Bind(bound, IDC_TEST_SUBJECT, field,
+                   {.minimum = 0.0, .maximum = 1000.0, .storedPerUnit = 10.0});
+    });
+    edit->SetUnit(254.0);
+    EXPECT_EQ(Text(), L"1.000");
+    EnterText(L"2");
+    edit->SetUnit(10.0);
+    EXPECT_EQ(Text(), L"50.800");
+    EnterTextAndLeave(L"-1");
+    EXPECT_EQ(Text(), L"25.400");
+    edit->Store();
+    EXPECT_EQ(field, 254);
+}
+
+TEST_F(BoundEditDouble, CanTakeWhatStandsInTheBoxWithoutLeavingIt) {
+    Open(1.0);
+    Focus();
+    EnterText(L"1.5");
+    EXPECT_EQ(Stored(), 1.0);
+    edit->TakeText();
+    EXPECT_EQ(Stored(), 1.5);
 }
 
 TEST_F(BoundEditDouble, GoingThroughTheBoxWithoutTypingIsNoChange) {

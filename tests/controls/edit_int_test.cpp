@@ -1,8 +1,7 @@
-#include "controls/number_box.h"
-
 #include <limits>
 #include <optional>
 
+#include "controls/number_box.h"
 #include "tests/controls/live_page.h"
 // commctrl.h needs windows.h before it.
 #include <commctrl.h>

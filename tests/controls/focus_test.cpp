@@ -7,8 +7,8 @@
 #include "controls/bound_control.h"
 #include "controls/checkbox.h"
 #include "controls/combobox.h"
-#include "controls/number_box.h"
 #include "controls/edit_text.h"
+#include "controls/number_box.h"
 #include "controls/radio_button.h"
 #include "tests/controls/live_page.h"
 

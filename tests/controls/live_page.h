@@ -34,6 +34,8 @@ class TestPage : public BoundDialog {
     std::function<bool(Command)> onCommand;
     std::function<bool(const NMHDR&)> onNotify;
 
+    using BoundDialog::StoreValues;
+
   private:
     void OnInitDialog() override { bind(*this); }
     bool OnCommand(Command command) override { return onCommand && onCommand(command); }

@@ -2,8 +2,8 @@
 #include <vector>
 
 #include "controls/checkbox.h"
-#include "controls/number_box.h"
 #include "controls/focus.h"
+#include "controls/number_box.h"
 #include "tests/controls/live_page.h"
 
 namespace vmk::test {
