@@ -26,12 +26,14 @@ def allowed():
 
 def compiles(path, text):
     command = [compiler, "-std=c++20", "-fsyntax-only", "-x", "c++", "-", *(f"-I{folder}" for folder in path)]
-    return subprocess.run(command, input=text, text=True, capture_output=True, check=False).returncode == 0
+    # What is read from standard input finds the files of the current folder: there has to be nothing to find.
+    return subprocess.run(command, input=text, text=True, capture_output=True, check=False, cwd="/").returncode == 0
 
 
 def header_of(layer):
-    """The smallest header of a layer that other layers may have a look at."""
-    return min((source / layer).glob("*.h"), key=lambda header: header.stat().st_size).name
+    """A header of a layer that it shows to others."""
+    folders = [pathlib.Path(folder) / layer for folder in paths[layer]]
+    return min(header.name for folder in folders for header in folder.glob("*.h"))
 
 
 failures = []
@@ -51,6 +53,12 @@ if compiles(paths["settings"], '#include "controls/dialog_env.h"\n'):
     failures.append("settings/ compiles with a header of controls/")
 if not compiles(paths["controls"], '#include "settings/page_set.h"\n'):
     failures.append("controls/ does not compile with a header of settings/")
+
+# What a layer keeps to itself is an error as well.
+if not compiles(paths["dialog"], '#if !__has_include("pages/pages.h")\n#error\n#endif\n'):
+    failures.append("dialog/ cannot include pages/pages.h")
+if compiles(paths["dialog"], '#if !__has_include("pages/page.h")\n#error\n#endif\n'):
+    failures.append("dialog/ can include pages/page.h, which is none of its business")
 
 for failure in failures:
     print(failure)
