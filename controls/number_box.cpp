@@ -80,10 +80,10 @@ Number NumberBox<Number>::ReadNumber() const {
 }
 
 template <typename Number>
-void NumberBox<Number>::SetUnit(double storedPerUnit) requires std::floating_point<Number> {
+void NumberBox<Number>::SetUnit(double storedPerUnit) {
     const double before = std::exchange(m_options.storedPerUnit, storedPerUnit);
     m_stored = FromStored(*m_field);
-    SetNumber(ReadNumber() * before / storedPerUnit);
+    SetNumber(static_cast<Number>(ReadNumber() * before / storedPerUnit));
 }
 
 template <typename Number>

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <concepts>
 #include <cstdint>
 
 #include "controls/bound_control.h"
@@ -42,8 +41,8 @@ class NumberBox final : public BoundControl {
     Number ReadNumber() const;
     // Makes what is on screen the working value, typed or not, within the limits or not.
     void TakeText() { m_working = ReadNumber(); }
-    // Converts what is on screen, typed or not, to another unit.
-    void SetUnit(double storedPerUnit) requires std::floating_point<Number>;
+    // Converts what is on screen, typed or not, to another unit, of a number that has decimals.
+    void SetUnit(double storedPerUnit);
 
     // One step up or down within the limits. False, and nothing done, when the box has no range.
     bool StepUp() { return Step(m_options.step); }
