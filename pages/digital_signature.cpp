@@ -1,7 +1,6 @@
 #include "resources/ids/digital_signature.h"
 
 #include <array>
-#include <limits>
 
 #include "controls/checkbox.h"
 #include "controls/combobox.h"
@@ -78,7 +77,7 @@ constexpr UINT kSignatureControls[] = {
     IDC_SIGNATURE_SHOW_DISTINGUISHED_NAME, IDC_SIGNATURE_SHOW_LABELS};
 
 // In the unit on screen, whichever it is.
-constexpr double kLongestLength = std::numeric_limits<std::int32_t>::max();
+constexpr double kLongestLength = RangeOf("Security.Digisig.Left").largest;
 
 class CDlgDigSign final : public CPage {
   public:
@@ -150,9 +149,10 @@ void CDlgDigSign::BindAppearance() {
     m_graphic.BindBits(*this, IDC_SIGNATURE_GRAPHIC, signature.Flags, choices::kGraphicBits,
                        choices::kGraphics, kGraphicRules);
     m_image.Bind(*this, IDC_SIGNATURE_IMAGE, signature.Image);
-    for (size_t index = 0; index < m_shownTexts.size(); ++index)
+    for (size_t index = 0; index < m_shownTexts.size(); ++index) {
         m_shownTexts[index].BindBit(*this, kShownTextBoxes[index], signature.Flags,
                                     choices::kShownTexts[index].value);
+    }
 }
 
 // A length counts as it stands on screen. Bits that the page does not show are stored as 0.

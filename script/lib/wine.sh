@@ -98,11 +98,17 @@ wine_acquire() {
     export wine_slot=1
 }
 
+# wine_end_session SLOT: ends the slot's server, and every program with it.
+wine_end_session() {
+    local prefix="$wine_dir/$1/prefix" server
+    server=$(command -v wineserver || echo /usr/lib/wine/wineserver)
+    [ ! -d "$prefix" ] || WINEPREFIX="$prefix" "$server" -k >/dev/null 2>&1 || true
+}
+
 # wine_stop SLOT: ends the slot's server and display; the prefix stays for the next run.
 wine_stop() {
-    local slot_dir="$wine_dir/$1" server
-    server=$(command -v wineserver || echo /usr/lib/wine/wineserver)
-    [ ! -d "$slot_dir/prefix" ] || WINEPREFIX="$slot_dir/prefix" "$server" -k >/dev/null 2>&1 || true
+    local slot_dir="$wine_dir/$1"
+    wine_end_session "$1"
     [ ! -f "$slot_dir/xvfb.pid" ] || kill "$(cat "$slot_dir/xvfb.pid")" 2>/dev/null || true
     rm -f "$slot_dir/xvfb.pid" "$slot_dir/display"
 }

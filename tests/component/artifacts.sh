@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# artifacts.sh BUILD: what script/build builds, the target "artifacts", is all that is shipped, and it is there.
+set -euo pipefail
+build=$1
+sources=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+
+commands=$(ninja -C "$build" -t commands artifacts)
+names=(vmkctrl.dll vmkprefs.exe)
+for language in "$sources"/examples/languages/*.txt; do
+    names+=("languages/$(basename "$language" .txt).vlf")
+done
+for name in "${names[@]}"; do
+    [[ $commands == *"$(basename "$name" .vlf)"* ]] || { echo "the target artifacts does not make $name" && exit 1; }
+    [ -s "$build/$name" ] || { echo "$name is not there" && exit 1; }
+done
