@@ -5,6 +5,7 @@
 #include <string>
 
 #include "resources/ids/main.h"
+#include "settings/groups.h"
 
 namespace vmk {
 
@@ -95,7 +96,7 @@ int CDlgSettings::InsertName(const PageRow& row) const {
     item.iItem = std::numeric_limits<int>::max();
     // The control copies the text.
     item.pszText = name.empty() ? const_cast<wchar_t*>(row.name) : name.data();
-    if (row.icon != PageRow::kNoIcon) {
+    if (row.icon != GroupInfo::kNoIcon) {
         item.mask |= LVIF_IMAGE;
         item.iImage = row.icon;
     }

@@ -1,31 +1,44 @@
 #include "dialog/page_table.h"
 
+#include <algorithm>
+
 #include "pages/pages.h"
+#include "settings/groups.h"
 
 namespace vmk {
 namespace {
 
-constexpr int kNoIcon = PageRow::kNoIcon;
+// The page of a group, which does not compile when there is no such group.
+consteval PageRow PageOf(PageSet bit, std::unique_ptr<PageWindow> (*create)()) {
+    const auto* const group = std::ranges::find(kGroupInfos, bit, &GroupInfo::bit);
+    return {.bit = bit, .icon = group->icon, .name = group->name, .create = create};
+}
 
 constexpr PageRow kPages[] = {
-    {page_bit::kPaper, 1, L"Paper", MakePaperPage},
-    {page_bit::kCustomForms, 2, L"Custom Forms", MakeCustomFormsPage},
-    {page_bit::kGeneral, kNoIcon, L"General", MakeGeneralPage},
-    {page_bit::kCompression, kNoIcon, L"Compression", MakeCompressionPage},
-    {page_bit::kGraphics, 6, L"Graphics", MakeGraphicsPage},
-    {page_bit::kFonts, 5, L"Fonts", MakeFontsPage},
-    {page_bit::kWatermarks, kNoIcon, L"Watermarks", MakeWatermarksPage},
-    {page_bit::kOverlay, kNoIcon, L"Overlay", MakeOverlayPage},
-    {page_bit::kSecurity, 3, L"Security", MakeSecurityPage},
-    {page_bit::kDigitalSign, kNoIcon, L"Digital Signature", MakeDigitalSignaturePage},
-    {page_bit::kLinks, 4, L"Links", MakeLinksPage},
-    {page_bit::kBookmarks, kNoIcon, L"Bookmarks", MakeBookmarksPage},
-    {page_bit::kDocumentInfo, kNoIcon, L"Document Info", MakeDocumentInfoPage},
-    {page_bit::kSave, 7, L"Save", MakeSavePage},
-    {page_bit::kEmail, 8, L"e-Mail", MakeEmailPage},
-    {page_bit::kProfiles, kNoIcon, L"Profiles", MakeProfilesPage},
-    {page_bit::kOptimization, kNoIcon, L"Optimization", MakeOptimizationPage},
+    PageOf(page_bit::kPaper, MakePaperPage),
+    PageOf(page_bit::kCustomForms, MakeCustomFormsPage),
+    PageOf(page_bit::kGeneral, MakeGeneralPage),
+    PageOf(page_bit::kCompression, MakeCompressionPage),
+    PageOf(page_bit::kGraphics, MakeGraphicsPage),
+    PageOf(page_bit::kFonts, MakeFontsPage),
+    PageOf(page_bit::kWatermarks, MakeWatermarksPage),
+    PageOf(page_bit::kOverlay, MakeOverlayPage),
+    PageOf(page_bit::kSecurity, MakeSecurityPage),
+    PageOf(page_bit::kDigitalSign, MakeDigitalSignaturePage),
+    PageOf(page_bit::kLinks, MakeLinksPage),
+    PageOf(page_bit::kBookmarks, MakeBookmarksPage),
+    PageOf(page_bit::kDocumentInfo, MakeDocumentInfoPage),
+    PageOf(page_bit::kSave, MakeSavePage),
+    PageOf(page_bit::kEmail, MakeEmailPage),
+    PageOf(page_bit::kProfiles, MakeProfilesPage),
+    PageOf(page_bit::kOptimization, MakeOptimizationPage),
 };
+
+static_assert(std::ranges::all_of(kGroupInfos,
+                                  [](const GroupInfo& group) {
+                                      return std::ranges::count(kPages, group.bit, &PageRow::bit) == 1;
+                                  }),
+              "each group has one page");
 
 }  // namespace
 

@@ -8,12 +8,10 @@
 
 namespace vmk {
 
-// One page of the dialog.
+// One page of the dialog: what is known of its group, and what makes it.
 struct PageRow {
-    static constexpr int kNoIcon = -1;
-
     PageSet bit;
-    int icon;             // index into the page icons, or kNoIcon
+    int icon;             // index into the page icons, or GroupInfo::kNoIcon
     const wchar_t* name;  // what the list shows, translated
     std::unique_ptr<PageWindow> (*create)();
 };

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "host/exit_status.h"
+#include "host/pages.h"
 #include "host/text.h"
 
 namespace vmk {
@@ -84,10 +85,10 @@ void Declare(Grammar& grammar, Typed& typed) {
     grammar.withdraw = AddCommand(app, "unregister", "Removes that registration.");
 }
 
-PageBits PagesOf(const std::vector<std::string>& names) {
-    PageBits bits = 0;
+PageSet PagesOf(const std::vector<std::string>& names) {
+    PageSet bits = 0;
     for (const std::string& name : names) {
-        const std::optional<PageBits> found = FindPage(name);
+        const std::optional<PageSet> found = FindPage(name);
         if (!found) throw UsageError("unknown name '" + name + "'; the names are " + ListOfPageNames());
         bits |= *found;
     }

@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "host/pages.h"
+#include "settings/page_set.h"
 
 namespace vmk {
 
@@ -16,11 +16,11 @@ enum class Action { Edit, Show, Reset, Register, Unregister };
 // What the user asked for, checked. Members that the action has no use for keep their defaults.
 struct CommandLine {
     Action action = Action::Edit;
-    bool registered = false;        // use the registered component, not the one beside the program
-    std::wstring key;               // sub-key of the settings; empty: the root key itself
-    std::optional<PageBits> pages;  // edit: pages to list; show, reset: groups; nothing given: empty
-    LANGID language = 0;            // edit: 0 is the user's default language
-    std::wstring title;             // edit: caption of the dialog; empty: its own
+    bool registered = false;       // use the registered component, not the one beside the program
+    std::wstring key;              // sub-key of the settings; empty: the root key itself
+    std::optional<PageSet> pages;  // edit: pages to list; show, reset: groups; nothing given: empty
+    LANGID language = 0;           // edit: 0 is the user's default language
+    std::wstring title;            // edit: caption of the dialog; empty: its own
 };
 
 // The answer to a command line that asks for nothing but a text: help (status 0) or the one line that says

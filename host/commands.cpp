@@ -12,8 +12,6 @@
 namespace vmk {
 namespace {
 
-constexpr auto kEveryGroup = static_cast<PageBits>(AllPages);
-
 ComponentSource SourceOf(const CommandLine& line) {
     return line.registered ? ComponentSource::Registered : ComponentSource::BesideProgram;
 }
@@ -21,10 +19,10 @@ ComponentSource SourceOf(const CommandLine& line) {
 int Edit(const CommandLine& line) {
     PreferencesClient preferences(SourceOf(line));
     preferences.Load(line.key);
-    preferences.EnablePages(line.pages.value_or(kEveryGroup));
+    preferences.EnablePages(line.pages.value_or(page_bit::kAllPages));
     preferences.SetTitle(line.title);
     if (!preferences.OpenDialog(line.language)) return kExitCancelled;
-    preferences.Store(kEveryGroup, line.key);
+    preferences.Store(page_bit::kAllPages, line.key);
     return kExitDone;
 }
 
@@ -36,14 +34,14 @@ int Show(const CommandLine& line) {
 }
 
 // The groups that resetting changes: two of them have no settings, and reset one of another group.
-PageBits GroupsChangedByResetOf(PageBits groups) {
-    if (groups & CustomForms) groups |= General;
-    if (groups & Profiles) groups |= Optimization;
+PageSet GroupsChangedByResetOf(PageSet groups) {
+    if (groups & page_bit::kCustomForms) groups |= page_bit::kGeneral;
+    if (groups & page_bit::kProfiles) groups |= page_bit::kOptimization;
     return groups;
 }
 
 int Reset(const CommandLine& line) {
-    const PageBits groups = line.pages.value_or(0);
+    const PageSet groups = line.pages.value_or(0);
     PreferencesClient preferences(SourceOf(line));
     preferences.Load(line.key);
     preferences.UseDefaults(groups);

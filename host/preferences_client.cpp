@@ -29,7 +29,7 @@ void Check(HRESULT result, const char* what) {
     if (FAILED(result)) throw Failure(what, result);
 }
 
-PdfPrinterDialogPage AsPages(PageBits bits) {
+PdfPrinterDialogPage AsPages(PageSet bits) {
     return static_cast<PdfPrinterDialogPage>(bits);
 }
 
@@ -111,16 +111,16 @@ void PreferencesClient::Load(const std::wstring& key) {
     RequireKey(key);
 }
 
-void PreferencesClient::Store(PageBits groups, const std::wstring& key) {
+void PreferencesClient::Store(PageSet groups, const std::wstring& key) {
     Check(m_preferences->StoreInRegistry(AsPages(groups), Bstr(key).get()), "the settings cannot be stored");
     RequireKey(key);
 }
 
-void PreferencesClient::UseDefaults(PageBits groups) {
+void PreferencesClient::UseDefaults(PageSet groups) {
     Check(m_preferences->UseDefaultValues(AsPages(groups)), "the settings cannot be reset");
 }
 
-void PreferencesClient::EnablePages(PageBits pages) {
+void PreferencesClient::EnablePages(PageSet pages) {
     Check(m_preferences->EnablePage(AsPages(pages)), "the pages cannot be enabled");
 }
 

@@ -6,7 +6,7 @@
 
 #include "base/com_pointer.h"
 #include "base/library.h"
-#include "host/pages.h"
+#include "settings/page_set.h"
 #include "vmkctrl.h"
 
 namespace vmk {
@@ -32,10 +32,10 @@ class PreferencesClient {
     // Loads every group from the settings key, which is created when it is missing.
     void Load(const std::wstring& key);
     // Stores the groups into the settings key.
-    void Store(PageBits groups, const std::wstring& key);
+    void Store(PageSet groups, const std::wstring& key);
     // Resets the groups, in this object's memory only.
-    void UseDefaults(PageBits groups);
-    void EnablePages(PageBits pages);
+    void UseDefaults(PageSet groups);
+    void EnablePages(PageSet pages);
     // Beyond 255 characters the component cuts the title.
     void SetTitle(const std::wstring& title);
     // Runs the modal dialog. True: OK was pressed, false: Cancel.

@@ -10,6 +10,7 @@
 #include "base/handle.h"
 #include "host/failure.h"
 #include "host/text.h"
+#include "settings/groups.h"
 
 namespace vmk {
 namespace {
@@ -23,30 +24,15 @@ struct KeyTraits {
 };
 using UniqueKey = UniqueHandle<KeyTraits>;
 
-struct GroupPrefix {
-    std::string_view prefix;
-    PdfPrinterDialogPage page;
-};
-
-// A prefix stands before those that it begins with.
-constexpr GroupPrefix kPrefixes[] = {
-    {"Paper.", Paper},
-    {"General.", General},
-    {"Compression.", Compression},
-    {"Downsample.", Graphics},
-    {"Convert.", Graphics},
-    {"Fonts.", Fonts},
-    {"Watermarks.", Watermarks},
-    {"Security.Digisig.", DigitalSign},
-    {"Security.", Security},
-    {"Links.", Links},
-    {"Bookmarks.", Bookmarks},
-    {"Info.", DocumentInfo},
-    {"Save.", Save},
-    {"Email.", eMail},
-    {"Optimization.", Optimization},
-    {"Overlay.", Overlay},
-};
+// How many characters the names have in common at their beginning, up to a dot.
+std::size_t SizeOfSharedParts(std::string_view left, std::string_view right) {
+    std::size_t shared = 0;
+    for (std::size_t dot = left.find('.'); dot != std::string_view::npos; dot = left.find('.', dot + 1)) {
+        if (!StartsWithIgnoringCase(right, left.substr(0, dot + 1))) break;
+        shared = dot + 1;
+    }
+    return shared;
+}
 
 LSTATUS OpenSettingsKey(const std::wstring& subKey, UniqueKey& key) {
     const std::string path = std::string(kRootPath) + AnsiFromWide(subKey);
@@ -104,7 +90,7 @@ std::optional<StoredSetting> ReadValue(HKEY key, DWORD index) {
     }
 }
 
-void AppendGroup(std::string& text, std::string_view heading, PageBits group,
+void AppendGroup(std::string& text, std::string_view heading, PageSet group,
                  const std::vector<StoredSetting>& settings, bool evenIfEmpty) {
     std::string lines;
     for (const StoredSetting& setting : settings) {
@@ -176,11 +162,18 @@ std::string NameOfSettingsKey(const std::wstring& subKey) {
     return name;
 }
 
-PageBits GroupOfSetting(std::string_view name) {
-    for (const GroupPrefix& entry : kPrefixes) {
-        if (StartsWithIgnoringCase(name, entry.prefix)) return static_cast<PageBits>(entry.page);
+PageSet GroupOfSetting(std::string_view name) {
+    PageSet closest = 0;
+    std::size_t most = 0;
+    for (const GroupInfo& group : kGroupInfos) {
+        WalkFields(group.bit, [&](std::string_view field) {
+            const std::size_t shared = SizeOfSharedParts(name, field);
+            if (shared <= most) return;
+            most = shared;
+            closest = group.bit;
+        });
     }
-    return 0;
+    return closest;
 }
 
 std::string Quoted(std::string_view text) {
@@ -189,13 +182,14 @@ std::string Quoted(std::string_view text) {
     return result + '"';
 }
 
-std::string FormatSettings(const std::vector<StoredSetting>& settings, std::optional<PageBits> groups) {
-    const PageBits wanted = groups.value_or(static_cast<PageBits>(AllPages));
-    const bool everything = wanted == static_cast<PageBits>(AllPages);
+std::string FormatSettings(const std::vector<StoredSetting>& settings, std::optional<PageSet> groups) {
+    const PageSet wanted = groups.value_or(page_bit::kAllPages);
+    const bool everything = wanted == page_bit::kAllPages;
     std::string text;
-    for (const PageName& entry : PageNames()) {
-        const auto group = static_cast<PageBits>(entry.page);
-        if ((wanted & group) != 0) AppendGroup(text, entry.name, group, settings, !everything);
+    for (const GroupInfo& group : kGroupInfos) {
+        if ((wanted & group.bit) != 0) {
+            AppendGroup(text, group.identifier, group.bit, settings, !everything);
+        }
     }
     if (everything) AppendGroup(text, "Other", 0, settings, false);
     return text;

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/pages.h"
+#include "settings/page_set.h"
 
 namespace vmk {
 
@@ -26,8 +26,9 @@ bool SettingsKeyIsThere(const std::wstring& subKey);
 // "HKEY_CURRENT_USER\...", for messages.
 std::string NameOfSettingsKey(const std::wstring& subKey);
 
-// The bit of the group that a stored name belongs to; 0 for a name that belongs to none.
-PageBits GroupOfSetting(std::string_view name);
+// The bit of the group that a stored name belongs to: that of the names with which it has the most leading
+// parts in common, so that names of other versions find their place, too. 0 for a name that belongs to none.
+PageSet GroupOfSetting(std::string_view name);
 
 // A text in double quotes with quotes and backslashes escaped by a backslash and control characters written
 // as \r, \n, \t or \x1f, so that each value stays on its line. Takes and gives UTF-8.
@@ -35,6 +36,6 @@ std::string Quoted(std::string_view text);
 
 // The settings as "name = value" lines, each group under its name in brackets and names without a group under
 // [Other]. With groups given only those are listed, also when nothing is stored for them.
-std::string FormatSettings(const std::vector<StoredSetting>& settings, std::optional<PageBits> groups);
+std::string FormatSettings(const std::vector<StoredSetting>& settings, std::optional<PageSet> groups);
 
 }  // namespace vmk

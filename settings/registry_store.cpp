@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-#include "settings/fields.h"
+#include "settings/groups.h"
 #include "settings/load_defaults.h"
 
 namespace vmk {
@@ -174,11 +174,11 @@ struct Storer {
 
 void LoadGroups(HKEY key, PageSet groups, PrinterSettings& settings) {
     const PrinterSettings missing = LoadDefaults();
-    fields::Walk(groups, Loader{key}, settings, missing);
+    WalkFields(groups, Loader{key}, settings, missing);
 }
 
 void StoreGroups(HKEY key, PageSet groups, const PrinterSettings& settings) {
-    fields::Walk(groups, Storer{key}, settings);
+    WalkFields(groups, Storer{key}, settings);
 }
 
 }  // namespace vmk

@@ -6,34 +6,10 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "settings/fields.h"
+#include "settings/groups.h"
 
 namespace vmk::docs {
 namespace {
-
-struct Group {
-    PageSet bit;
-    std::string_view title;
-    std::string_view identifier;  // in PdfPrinterDialogPage
-};
-
-constexpr Group kGroups[] = {
-    {page_bit::kPaper, "Paper", "Paper"},
-    {page_bit::kGeneral, "General", "General"},
-    {page_bit::kCompression, "Compression", "Compression"},
-    {page_bit::kGraphics, "Graphics", "Graphics"},
-    {page_bit::kFonts, "Fonts", "Fonts"},
-    {page_bit::kWatermarks, "Watermarks", "Watermarks"},
-    {page_bit::kSecurity, "Security", "Security"},
-    {page_bit::kLinks, "Links", "Links"},
-    {page_bit::kBookmarks, "Bookmarks", "Bookmarks"},
-    {page_bit::kDocumentInfo, "Document information", "DocumentInfo"},
-    {page_bit::kSave, "Save", "Save"},
-    {page_bit::kEmail, "E-mail", "eMail"},
-    {page_bit::kOptimization, "Optimization", "Optimization"},
-    {page_bit::kOverlay, "Overlay", "Overlay"},
-    {page_bit::kDigitalSign, "Digital signature", "DigitalSign"},
-};
 
 constexpr std::string_view kIntroduction =
     "# Settings\n"
@@ -52,9 +28,19 @@ constexpr std::string_view kIntroduction =
     "`UseDefaultValues`,\n"
     "`EnablePage` and `DisablePage`.\n";
 
-// Settings are ASCII where they are written down.
+// Names and settings are ASCII where they are written down.
+std::string Narrow(std::wstring_view text) {
+    return {text.begin(), text.end()};
+}
+
 std::string Quoted(const std::wstring& text) {
-    return text.empty() ? "empty" : "`" + std::string(text.begin(), text.end()) + "`";
+    return text.empty() ? "empty" : "`" + Narrow(text) + "`";
+}
+
+bool HasFields(PageSet group) {
+    bool has = false;
+    WalkFields(group, [&](std::string_view) { has = true; });
+    return has;
 }
 
 struct RowWriter {
@@ -91,12 +77,13 @@ std::string SettingsReference() {
     std::ostringstream out;
     out << kIntroduction;
     const PrinterSettings defaults;
-    for (const Group& group : kGroups) {
-        out << "\n## " << group.title << " (`" << group.identifier << "`, 0x" << std::hex << std::uppercase
-            << group.bit << std::dec << ")\n\n"
+    for (const GroupInfo& group : kGroupInfos) {
+        if (!HasFields(group.bit)) continue;
+        out << "\n## " << Narrow(group.name) << " (`" << group.identifier << "`, 0x" << std::hex
+            << std::uppercase << group.bit << std::dec << ")\n\n"
             << "| Name | Kind | Default | Values | Meaning |\n"
             << "|---|---|---|---|---|\n";
-        fields::Walk(group.bit, RowWriter{out}, defaults);
+        WalkFields(group.bit, RowWriter{out}, defaults);
     }
     return out.str();
 }

@@ -75,7 +75,7 @@ TEST(CommandLineOfEdit, RefusesLanguagesThatAreNoIdentifiers) {
 }
 
 TEST(CommandLineOfEdit, KnowsEveryPageInAnyCase) {
-    const std::vector<std::pair<std::wstring, PageBits>> pages = {
+    const std::vector<std::pair<std::wstring, PageSet>> pages = {
         {L"PAPER", 0x1},           {L"customforms", 0x2}, {L"general", 0x4},         {L"Compression", 0x8},
         {L"Graphics", 0x10},       {L"Fonts", 0x20},      {L"Watermarks", 0x40},     {L"Security", 0x80},
         {L"Links", 0x100},         {L"Bookmarks", 0x200}, {L"DocumentInfo", 0x400},  {L"Save", 0x800},

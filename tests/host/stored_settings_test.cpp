@@ -25,6 +25,15 @@ TEST(GroupOfSetting, TellsTheSignatureFromTheRestOfSecurity) {
     EXPECT_EQ(GroupOfSetting("Security.128.Printing"), 0x80U);
 }
 
+TEST(GroupOfSetting, PutsAnUnknownNameBesideThoseThatBeginAlike) {
+    EXPECT_EQ(GroupOfSetting("Info.Extra"), 0x400U);
+    EXPECT_EQ(GroupOfSetting("Paper."), 0x1U);
+    EXPECT_EQ(GroupOfSetting("Security.Digisig.Rotation"), 0x10000U);
+    EXPECT_EQ(GroupOfSetting("Security.Digisig"), 0x80U);
+    EXPECT_EQ(GroupOfSetting("Security.256.AllowCopying"), 0x80U);
+    EXPECT_EQ(GroupOfSetting("Convert.Paper.To"), 0x10U);
+}
+
 TEST(GroupOfSetting, DoesNotRegardCase) {
     EXPECT_EQ(GroupOfSetting("FONTS.embedd.All"), 0x20U);
 }

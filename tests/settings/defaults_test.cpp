@@ -39,7 +39,7 @@ TEST(Defaults, NumbersAndTextsAreOfTheExpectedKind) {
     for (const ExpectedSetting& setting : kExpectedSettings) isText[setting.name] = setting.text != nullptr;
 
     const PrinterSettings settings;
-    fields::Walk(
+    WalkFields(
         page_bit::kAllPages,
         [&]<typename Member>(const char* name, const Member&) {
             EXPECT_EQ((std::is_same_v<Member, std::wstring>), isText.at(name)) << name;

@@ -1,11 +1,10 @@
-#include "settings/fields.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
+#include "settings/groups.h"
 #include "tests/settings/expected_settings.h"
 
 namespace vmk {
@@ -14,7 +13,7 @@ namespace {
 std::vector<std::string> StoredNames(PageSet groups) {
     const PrinterSettings settings;
     std::vector<std::string> names;
-    fields::Walk(
+    WalkFields(
         groups, [&](const char* name, const auto&) { names.emplace_back(name); }, settings);
     return names;
 }
@@ -59,7 +58,7 @@ TEST(Fields, VisitorGetsTheSameMemberOfEveryRecord) {
     first.Links.Border.Width = 11;
     second.Links.Border.Width = 22;
     std::vector<std::int32_t> widths;
-    fields::Links(
+    fields::kLinks(
         [&](const std::string& name, std::int32_t one, std::int32_t other) {
             if (name == "Links.Border.Width") widths = {one, other};
         },

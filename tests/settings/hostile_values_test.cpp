@@ -8,7 +8,7 @@
 #include <random>
 #include <string>
 
-#include "settings/fields.h"
+#include "settings/groups.h"
 #include "settings/load_defaults.h"
 #include "settings/registry_store.h"
 #include "tests/settings/expected_settings.h"
@@ -116,7 +116,7 @@ TEST_F(HostileValues, AnyValuesGiveACompleteRecord) {
         LoadGroups(Key(), page_bit::kAllPages, settings);
         // Asking for every value takes long, so most rounds look at one group.
         const PageSet checked = round % 50 == 0 ? page_bit::kAllPages : PageSet{1} << (random() % 17);
-        fields::Walk(checked, Oracle{Key()}, settings, before, missing);
+        WalkFields(checked, Oracle{Key()}, settings, before, missing);
     }
 }
 

@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "settings/fields.h"
+#include "settings/groups.h"
 
 // A record as a list of its members, so that tests can say which of them changed.
 
@@ -33,7 +33,7 @@ struct MemberNoter {
 inline std::map<std::string, std::wstring> MemberValues(const PrinterSettings& settings) {
     std::map<std::string, std::wstring> values;
     const MemberNoter note{values};
-    fields::Walk(page_bit::kAllPages, note, settings);
+    WalkFields(page_bit::kAllPages, note, settings);
     note("(custom forms)", settings.CustomForms);
     note("(profiles)", settings.Profiles);
     note("(extra document information)", settings.Info.Extra);
@@ -57,7 +57,7 @@ inline PrinterSettings ChangedSettings() {
     PrinterSettings settings;
     std::int32_t serial = 1;
     const MemberChanger change{serial};
-    fields::Walk(page_bit::kAllPages, change, settings);
+    WalkFields(page_bit::kAllPages, change, settings);
     change("", settings.CustomForms);
     change("", settings.Profiles);
     change("", settings.Info.Extra);
