@@ -34,6 +34,7 @@ class UsageError : public std::runtime_error {
 // The texts as they were typed, in UTF-8.
 struct Typed {
     bool registered = false;
+    bool texts = false;
     std::string key;
     std::string pages = "all";
     std::string language = "0";
@@ -74,6 +75,9 @@ void Declare(Grammar& grammar, Typed& typed) {
 
     grammar.show = AddCommand(app, "show", "Prints the stored settings; passwords as asterisks.");
     grammar.show->add_option("--key", typed.key, kKeyHelp)->type_name("SUBKEY");
+    grammar.show->add_flag("--texts", typed.texts,
+                           "Add what each number means, as in \"1 (Auto)\": the English text that the dialog "
+                           "shows for it, or its unit");
     grammar.show->add_option("GROUP", typed.groups, "Groups to print (default: everything)")->type_name("");
 
     grammar.reset =
@@ -138,6 +142,7 @@ CommandLine Checked(const Grammar& grammar, const Typed& typed) {
     }
     if (grammar.show->parsed() || grammar.reset->parsed()) {
         line.action = grammar.show->parsed() ? Action::Show : Action::Reset;
+        line.texts = typed.texts;
         if (!typed.groups.empty()) line.pages = PagesOf(typed.groups);
         return line;
     }

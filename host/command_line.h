@@ -19,6 +19,7 @@ struct CommandLine {
     bool registered = false;       // use the registered component, not the one beside the program
     std::wstring key;              // sub-key of the settings; empty: the root key itself
     std::optional<PageSet> pages;  // edit: pages to list; show, reset: groups; nothing given: empty
+    bool texts = false;            // show: add what numbers mean
     LANGID language = 0;           // edit: 0 is the user's default language
     std::wstring title;            // edit: caption of the dialog; empty: its own
 };

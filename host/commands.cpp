@@ -6,6 +6,7 @@
 #include "host/console.h"
 #include "host/exit_status.h"
 #include "host/failure.h"
+#include "host/meanings.h"
 #include "host/preferences_client.h"
 #include "host/stored_settings.h"
 
@@ -27,8 +28,9 @@ int Edit(const CommandLine& line) {
 }
 
 int Show(const CommandLine& line) {
-    const std::optional<std::vector<StoredSetting>> settings = ReadStoredSettings(line.key);
+    std::optional<std::vector<StoredSetting>> settings = ReadStoredSettings(line.key);
     if (!settings) throw Failure("there is no key " + NameOfSettingsKey(line.key));
+    if (line.texts) AddMeanings(*settings);
     WriteOutput(FormatSettings(*settings, line.pages));
     return kExitDone;
 }

@@ -53,16 +53,19 @@ std::string_view WithoutTerminator(std::string_view data) {
     return data.substr(0, data.find('\0'));
 }
 
+std::optional<std::int32_t> Number(DWORD type, std::string_view data) {
+    if (type != REG_DWORD || data.size() != sizeof(std::int32_t)) return std::nullopt;
+    std::int32_t number = 0;
+    std::memcpy(&number, data.data(), sizeof number);
+    return number;
+}
+
 std::string Display(std::string_view name, DWORD type, std::string_view data) {
     const bool isText = type == REG_SZ || type == REG_EXPAND_SZ;
     const std::string_view text = isText ? WithoutTerminator(data) : data;
     if (IsPassword(name)) return text.empty() ? "\"\"" : "********";
     if (isText) return Quoted(Utf8FromAnsi(text));
-    if (type == REG_DWORD && data.size() == sizeof(std::int32_t)) {
-        std::int32_t number = 0;
-        std::memcpy(&number, data.data(), sizeof number);
-        return std::to_string(number);
-    }
+    if (const auto number = Number(type, data)) return std::to_string(*number);
     return "(type " + std::to_string(type) + ", " + std::to_string(data.size()) + " bytes)";
 }
 
@@ -86,7 +89,10 @@ std::optional<StoredSetting> ReadValue(HKEY key, DWORD index) {
             throw Failure("the stored settings cannot be read", HRESULT_FROM_WIN32(status));
         }
         const std::string shownName = Utf8FromAnsi({name.data(), nameSize});
-        return StoredSetting{.name = shownName, .display = Display(shownName, type, {data.data(), dataSize})};
+        const std::string_view value{data.data(), dataSize};
+        return StoredSetting{.name = shownName,
+                             .display = Display(shownName, type, value),
+                             .number = IsPassword(shownName) ? std::nullopt : Number(type, value)};
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,8 +12,9 @@ namespace vmk {
 
 // One value of a settings key, as it is shown.
 struct StoredSetting {
-    std::string name;     // UTF-8
-    std::string display;  // UTF-8: a decimal number, or a text in quotes
+    std::string name;                         // UTF-8
+    std::string display;                      // UTF-8: a decimal number, or a text in quotes
+    std::optional<std::int32_t> number = {};  // of a value that is one
 };
 
 // What the key holds at this moment, sorted by name without regard to case; nothing when there is no such

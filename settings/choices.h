@@ -18,14 +18,32 @@ struct Choice {
     const wchar_t* text;
 };
 
-// The values of one number: the choices where there are any, otherwise all from the smallest to the largest.
+// The text as it is shown where it is not translated.
+constexpr std::wstring_view EnglishText(const Choice& choice) {
+    const std::wstring_view text = choice.text;
+    return text.substr(0, text.find_last_not_of(L' ') + 1);
+}
+
+// The values of one number: those that have a text, and all from the smallest to the largest where these
+// differ.
 struct NumberValues {
     std::string_view name;  // as stored
     std::span<const Choice> choices = {};
     std::int32_t smallest = 0;
     std::int32_t largest = 0;
-    std::string_view unit = {};  // of the stored number; empty for a mere count
+    std::string_view unit = {};  // of the range; empty for a mere count
+
+    constexpr bool HasRange() const { return smallest < largest; }
+    constexpr bool IsInRange(std::int32_t number) const {
+        return HasRange() && smallest <= number && number <= largest;
+    }
 };
+
+// The choice with the value; null when there is none.
+constexpr const Choice* FindChoice(std::span<const Choice> choices, std::int32_t value) {
+    const auto choice = std::ranges::find(choices, value, &Choice::value);
+    return choice == choices.end() ? nullptr : &*choice;
+}
 
 namespace choices {
 
@@ -82,6 +100,9 @@ inline constexpr Choice kPrinting[] = {{0, L"Not Allowed"}, {1, L"Low Resolution
 inline constexpr Choice kBorderTypes[] = {{0, L"No Border"}, {1, L"Underline"}, {2, L"Rectangle"}};
 inline constexpr Choice kBorderStyles[] = {{0, L"Solid"}, {1, L"Dashed"}, {2, L"Dotted"}};
 
+// A text in the same place is the path of another application.
+inline constexpr Choice kApplications[] = {{0, L"None"}, {1, L"Default Application for PDF files"}};
+
 inline constexpr std::int32_t kAutoNumber = 2;
 inline constexpr Choice kWhenExists[] = {
     {0, L"Show Warning Dialog"},
@@ -106,6 +127,8 @@ inline constexpr Choice kBlendModes[] = {
 };
 inline constexpr Choice kDeTessellation[] = {{0, L"None"}, {1, L"Simple"}};
 
+inline constexpr Choice kNoSwapping[] = {{0, L"Never"}};
+
 inline constexpr Choice kRepeat[] = {
     {0, L"No Repeat"},
     {1, L"Repeat Last Page of Shorter Overlay File"},
@@ -113,6 +136,8 @@ inline constexpr Choice kRepeat[] = {
 };
 inline constexpr Choice kHorizontal[] = {{0, L"Left"}, {1, L"Center"}, {2, L"Right"}};
 inline constexpr Choice kVertical[] = {{0, L"Top"}, {1, L"Middle"}, {2, L"Bottom"}};
+
+inline constexpr Choice kLastPage[] = {{-1, L"Last Page"}};
 
 // The kind of graphic is a part of the signature's flags, and each of the other bits a text that it shows.
 inline constexpr std::int32_t kGraphicBits = 0x30;
@@ -129,7 +154,7 @@ inline constexpr Choice kShownTexts[] = {
 inline constexpr std::int32_t kSmallest = std::numeric_limits<std::int32_t>::min();
 inline constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
 
-// Every number that is stored, in the order of storing.
+// Every number that is stored, in the order of storing; also of what may be a number or a text.
 inline constexpr NumberValues kNumberValues[] = {
     {.name = "Paper.Nup", .choices = choices::kPagesPerSheet},
     {.name = "Paper.NupOrder", .choices = choices::kOrdersOfMore},
@@ -164,7 +189,7 @@ inline constexpr NumberValues kNumberValues[] = {
     {.name = "Convert.Indexed.To", .choices = choices::kConversion},
     {.name = "Convert.Indexed.Dither", .choices = choices::kFlag},
     {.name = "Convert.Drawing.To", .choices = choices::kConversion},
-    {.name = "Convert.Drawing.Threshold", .smallest = 1, .largest = 255, .unit = "grey level"},
+    {.name = "Convert.Drawing.Threshold", .smallest = 1, .largest = 255, .unit = "levels of grey"},
     {.name = "Fonts.Embedd.All", .choices = choices::kFlag},
     {.name = "Fonts.Embedd.Protected", .choices = choices::kFlag},
     {.name = "Fonts.Embedd.Use_Always", .choices = choices::kFlag},
@@ -180,7 +205,7 @@ inline constexpr NumberValues kNumberValues[] = {
     {.name = "Security.128.AllowCopying", .choices = choices::kFlag},
     {.name = "Security.128.Changes", .choices = choices::kChanges},
     {.name = "Security.128.Printing", .choices = choices::kPrinting},
-    {.name = "Links.Border.Color", .smallest = 0, .largest = 0xFFFFFF, .unit = "0x00BBGGRR"},
+    {.name = "Links.Border.Color", .smallest = 0, .largest = 0xFFFFFF, .unit = "as 0x00BBGGRR"},
     {.name = "Links.Border.Style", .choices = choices::kBorderStyles},
     {.name = "Links.Border.Type", .choices = choices::kBorderTypes},
     {.name = "Links.Border.Width", .smallest = 5, .largest = 50, .unit = "tenths of a point"},
@@ -197,6 +222,7 @@ inline constexpr NumberValues kNumberValues[] = {
     {.name = "Save.WhenExists", .choices = choices::kWhenExists},
     {.name = "Save.AutoNumber.Start", .smallest = 0, .largest = kLargest},
     {.name = "Save.AutoNumber.Digits", .smallest = 1, .largest = 6},
+    {.name = "Save.App.Run", .choices = choices::kApplications},
     {.name = "Email.Type", .choices = choices::kEmailMethods},
     {.name = "Email.ZIP", .choices = choices::kFlag},
     {.name = "Email.SMTP.Port", .smallest = 1, .largest = 65535},
@@ -207,7 +233,11 @@ inline constexpr NumberValues kNumberValues[] = {
     {.name = "Optimization.NoTransparency", .choices = choices::kFlag},
     {.name = "Optimization.NoMaskedImages", .choices = choices::kFlag},
     {.name = "Optimization.OptimizeImages", .choices = choices::kFlag},
-    {.name = "Optimization.SwapToDisk", .smallest = 1, .largest = 8, .unit = "megabytes"},
+    {.name = "Optimization.SwapToDisk",
+     .choices = choices::kNoSwapping,
+     .smallest = 1,
+     .largest = 8,
+     .unit = "megabytes"},
     {.name = "Overlay.Enable", .choices = choices::kFlag},
     {.name = "Overlay.Foreground", .choices = choices::kFlag},
     {.name = "Overlay.Repeat", .choices = choices::kRepeat},
@@ -216,8 +246,8 @@ inline constexpr NumberValues kNumberValues[] = {
     {.name = "Overlay.Fit", .choices = choices::kFlag},
     {.name = "Overlay.KeepAspect", .choices = choices::kFlag},
     {.name = "Security.Digisig.Enable", .choices = choices::kFlag},
-    {.name = "Security.Digisig.Flags", .smallest = 0, .largest = 0xFF30, .unit = "bits"},
-    {.name = "Security.Digisig.Page", .smallest = -1, .largest = kLargest},
+    {.name = "Security.Digisig.Flags", .smallest = 0, .largest = 0x9F20, .unit = "as a sum of bits"},
+    {.name = "Security.Digisig.Page", .choices = choices::kLastPage, .smallest = -1, .largest = kLargest},
     {.name = "Security.Digisig.Left", .smallest = 0, .largest = kLargest, .unit = "tenths of a millimetre"},
     {.name = "Security.Digisig.Top", .smallest = 0, .largest = kLargest, .unit = "tenths of a millimetre"},
     {.name = "Security.Digisig.Width", .smallest = 0, .largest = kLargest, .unit = "tenths of a millimetre"},

@@ -24,7 +24,7 @@ struct SwapToDisk {
 
 // Everything that the preferences dialog edits. A member's path spells the name under which it is stored
 // (fields.h pairs the two); its initialiser is the one place of its default. Flags are 0 or 1 but keep
-// whatever number was stored; the meaning of each choice value is the item table of the page that shows it.
+// whatever number was stored; choices.h tells what the numbers mean.
 struct PrinterSettings {
     // Made and copied in many places: once in the binary is enough.
     PrinterSettings();

@@ -6,6 +6,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "settings/choices.h"
 #include "settings/groups.h"
 
 namespace vmk::docs {
@@ -14,8 +15,8 @@ namespace {
 constexpr std::string_view kIntroduction =
     "# Settings\n"
     "\n"
-    "Written by `settings_reference` from `settings/fields.h` and `tools/setting_descriptions.h`; do not "
-    "edit.\n"
+    "Written by `settings_reference` from `settings/fields.h`, `settings/choices.h` and\n"
+    "`tools/setting_descriptions.h`; do not edit.\n"
     "\n"
     "Each setting is one named value of the key\n"
     "`HKEY_CURRENT_USER\\SOFTWARE\\Orrin Systems\\vmkctrl.PdfPrinterPreferences\\` or of a sub-key that the "
@@ -43,26 +44,59 @@ bool HasFields(PageSet group) {
     return has;
 }
 
+std::string Value(const Choice& choice) {
+    const std::string number = std::to_string(choice.value);
+    const std::string text = Narrow(EnglishText(choice));
+    return text.starts_with(number) ? text : number + " " + text;
+}
+
+std::string Range(const NumberValues& values) {
+    if (values.smallest == kSmallest && values.largest == kLargest) return "any number";
+    std::string text = std::to_string(values.smallest) + " to " + std::to_string(values.largest);
+    if (!values.unit.empty()) text.append(" ").append(values.unit);
+    return text;
+}
+
+std::string Numbers(std::string_view name) {
+    const NumberValues* values = FindNumberValues(name);
+    if (!values) throw std::logic_error("no values of " + std::string(name));
+    std::string text = values->HasRange() ? Range(*values) : "";
+    for (const Choice& choice : values->choices) text.append(text.empty() ? "" : ", ").append(Value(choice));
+    return text;
+}
+
+const SettingDescription& Description(std::string_view name) {
+    const SettingDescription* description = FindDescription(name);
+    if (!description) throw std::logic_error("no description of " + std::string(name));
+    return *description;
+}
+
+std::string Texts(std::string_view name) {
+    return std::string(Description(name).texts);
+}
+
 struct RowWriter {
     std::ostream& out;
 
     void operator()(const char* name, std::int32_t number) const {
-        Row(name, "number", std::to_string(number));
+        Row(name, "number", std::to_string(number), Numbers(name));
     }
-    void operator()(const char* name, const std::wstring& text) const { Row(name, "text", Quoted(text)); }
+    void operator()(const char* name, const std::wstring& text) const {
+        Row(name, "text", Quoted(text), Texts(name));
+    }
     void operator()(const char* name, const RunApplication& run) const {
-        Row(name, "number or text", run.Use ? Quoted(run.Path) : "0");
+        Row(name, "number or text", run.Use ? Quoted(run.Path) : "0",
+            Numbers(name) + "; text: " + Texts(name));
     }
     void operator()(const char* name, const SwapToDisk& swap) const {
-        Row(name, "number", std::to_string(swap.Enabled ? swap.Megabytes : 0));
+        Row(name, "number", std::to_string(swap.Enabled ? swap.Megabytes : 0), Numbers(name));
     }
 
   private:
-    void Row(const char* name, std::string_view kind, const std::string& defaultValue) const {
-        const SettingDescription* description = FindDescription(name);
-        if (!description) throw std::logic_error(std::string("no description of ") + name);
-        out << "| `" << name << "` | " << kind << " | " << defaultValue << " | " << description->values
-            << " | " << description->meaning << " |\n";
+    void Row(const char* name, std::string_view kind, const std::string& defaultValue,
+             const std::string& values) const {
+        out << "| `" << name << "` | " << kind << " | " << defaultValue << " | " << values << " | "
+            << Description(name).meaning << " |\n";
     }
 };
 

@@ -121,6 +121,14 @@ TEST(CommandLineOfShow, TakesGroupsAndAKey) {
     EXPECT_EQ(line.key, L"Office");
 }
 
+TEST(CommandLineOfShow, AddsTextsOnlyWhenAsked) {
+    EXPECT_FALSE(Parsed({L"show"}).texts);
+    const CommandLine line = Parsed({L"show", L"--texts", L"paper"});
+    EXPECT_TRUE(line.texts);
+    EXPECT_EQ(line.pages, 0x1U);
+    EXPECT_THAT(Refusal({L"reset", L"--texts", L"Paper"}), HasSubstr("--texts"));
+}
+
 TEST(CommandLineOfReset, TakesGroups) {
     const CommandLine line = Parsed({L"reset", L"General", L"Save"});
     EXPECT_EQ(line.action, Action::Reset);
@@ -179,6 +187,7 @@ TEST(CommandLineHelp, OfACommandNamesItsOptionsAndThePages) {
     for (const char* word : {"--key", "--pages", "--language", "hexadecimal", "--title", "DigitalSign"}) {
         EXPECT_THAT(help, HasSubstr(word));
     }
+    EXPECT_THAT(Answer({L"show", L"--help"}).text, HasSubstr("--texts"));
     EXPECT_THAT(Answer({L"reset", L"--help"}).text, HasSubstr("GROUP"));
     EXPECT_EQ(Answer({L"unregister", L"--help"}).status, 0);
 }

@@ -101,6 +101,17 @@ TEST(ReadStoredSettings, ShowsNumbersSigned) {
     EXPECT_EQ(DisplayOf(key), "-1");
 }
 
+TEST(ReadStoredSettings, TellsNumbersFromTexts) {
+    const test::ScratchKey key;
+    key.SetNumber("Paper.Nup", 4);
+    key.SetText("Paper.NupOrder", L"1");
+    const auto settings = ReadStoredSettings(key.SubKey());
+    ASSERT_TRUE(settings.has_value());
+    ASSERT_EQ(settings->size(), 2U);
+    EXPECT_EQ((*settings)[0].number, 4);
+    EXPECT_EQ((*settings)[1].number, std::nullopt);
+}
+
 TEST(ReadStoredSettings, ShowsTextsOfTheAnsiCodePageAsUtf8) {
     const test::ScratchKey key;
     key.SetText("Info.Author", L"J\u00E4ger \"J\"");

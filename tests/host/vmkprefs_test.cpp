@@ -77,6 +77,21 @@ TEST(VmkprefsShow, PrintsWhatIsStoredByGroup) {
     EXPECT_EQ(run.error, "");
 }
 
+TEST(VmkprefsShow, AddsTextsToNumbersWhenAsked) {
+    const ScratchKey key;
+    key.SetNumber("Compression.Color.Method", 1);
+    key.SetNumber("Compression.Graphics", 7);
+    key.SetText("Info.Title", L"1");
+    key.SetNumber("Overlay.Password", 1);
+    const std::wstring show = WithKey(L"show", key);
+    EXPECT_EQ(RunVmkprefs(show + L"--texts").output,
+              "[Compression]\nCompression.Color.Method = 1 (Auto)\n"
+              "Compression.Graphics = 7 (not a known value)\n\n"
+              "[DocumentInfo]\nInfo.Title = \"1\"\n\n[Overlay]\nOverlay.Password = ********\n");
+    EXPECT_EQ(RunVmkprefs(show + L"Compression").output,
+              "[Compression]\nCompression.Color.Method = 1\nCompression.Graphics = 7\n");
+}
+
 TEST(VmkprefsShow, HidesPasswordsWhateverTheCaseOfTheirNames) {
     const ScratchKey key;
     key.SetText("security.userpwd", L"secret");
