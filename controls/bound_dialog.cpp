@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "controls/focus.h"
 #include "controls/radio_focus.h"
@@ -14,14 +15,23 @@ BoundValue::~BoundValue() {
     if (m_registrar) m_registrar->Unregister(*this);
 }
 
-void BoundDialog::Register(BoundValue& value) {
-    m_values.push_back(&value);
+void BoundDialog::Register(BoundValue& value) noexcept {
+    if (value.m_registrar) value.m_registrar->Unregister(value);
+    BoundValue** place = &m_values;
+    while (*place) place = &(*place)->m_next;
+    *place = &value;
     value.m_registrar = this;
 }
 
+void BoundDialog::Unregister(BoundValue& value) noexcept {
+    BoundValue** place = &m_values;
+    while (*place != &value) place = &(*place)->m_next;
+    *place = std::exchange(value.m_next, nullptr);
+    value.m_registrar = nullptr;
+}
+
 void BoundDialog::ForgetValues() noexcept {
-    for (BoundValue* const value : m_values) value->m_registrar = nullptr;
-    m_values.clear();
+    while (m_values) Unregister(*m_values);
 }
 
 void BoundDialog::EnableItems(std::span<const UINT> ids, bool enable) const noexcept {
@@ -31,7 +41,7 @@ void BoundDialog::EnableItems(std::span<const UINT> ids, bool enable) const noex
 void BoundDialog::Switch(std::span<const UINT> ids, bool enable) const {
     EnableItems(ids, enable);
     if (!enable) return;
-    for (BoundValue* const value : m_values) {
+    for (BoundValue* value = m_values; value; value = value->m_next) {
         // One of them may have switched the next one off again.
         const auto concerns = [&](UINT id) { return value->Owns(id) && IsWindowEnabled(Item(id)); };
         if (std::ranges::any_of(ids, concerns)) value->SwitchOthers();
@@ -39,7 +49,7 @@ void BoundDialog::Switch(std::span<const UINT> ids, bool enable) const {
 }
 
 void BoundDialog::StoreValues() const {
-    for (BoundValue* const value : m_values) value->Store();
+    for (BoundValue* value = m_values; value; value = value->m_next) value->Store();
 }
 
 bool BoundDialog::IsItemChecked(UINT id) const noexcept {
@@ -98,15 +108,21 @@ bool BoundDialog::ReturnFocus(HWND control) noexcept {
 }
 
 bool BoundDialog::TakeCommand(Command command) {
-    return OnCommand(command) ||
-           std::ranges::any_of(m_values, [&](BoundValue* value) { return value->OnCommand(command); });
+    if (OnCommand(command)) return true;
+    for (BoundValue* value = m_values; value; value = value->m_next) {
+        if (value->OnCommand(command)) return true;
+    }
+    return false;
 }
 
 bool BoundDialog::StepOnSpin(const NMHDR& header) const {
     if (header.code != UDN_DELTAPOS) return false;
     const auto id = static_cast<UINT>(header.idFrom);
     const int change = reinterpret_cast<const NMUPDOWN&>(header).iDelta;
-    return std::ranges::any_of(m_values, [&](BoundValue* value) { return value->OnSpin(id, change); });
+    for (BoundValue* value = m_values; value; value = value->m_next) {
+        if (value->OnSpin(id, change)) return true;
+    }
+    return false;
 }
 
 }  // namespace vmk

@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <span>
-#include <vector>
 
 #include "controls/bound_value.h"
 #include "controls/dialog_env.h"
@@ -20,8 +19,8 @@ class BoundDialog : public Dialog, public CDialogEnv {
     ~BoundDialog() override { ForgetValues(); }
 
     // Adds a value to those that StoreValues walks, in this order, until either of the two dies.
-    void Register(BoundValue& value);
-    void Unregister(BoundValue& value) noexcept { std::erase(m_values, &value); }
+    void Register(BoundValue& value) noexcept;
+    void Unregister(BoundValue& value) noexcept;
 
     void EnableItem(UINT id, bool enable) const noexcept { EnableWindow(Item(id), enable); }
     void EnableItems(std::span<const UINT> ids, bool enable) const noexcept;
@@ -59,7 +58,7 @@ class BoundDialog : public Dialog, public CDialogEnv {
     bool TakeCommand(Command command);
     bool StepOnSpin(const NMHDR& header) const;
 
-    std::vector<BoundValue*> m_values;
+    BoundValue* m_values = nullptr;  // the first; each knows the next
     bool m_isFocusReturning = false;
 };
 

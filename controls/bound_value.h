@@ -39,6 +39,7 @@ class BoundValue {
   private:
     friend class BoundDialog;
     BoundDialog* m_registrar = nullptr;
+    BoundValue* m_next = nullptr;
 };
 
 }  // namespace vmk

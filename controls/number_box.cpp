@@ -29,6 +29,9 @@ double Stepped(double number, double change, double minimum, double maximum) {
 }  // namespace
 
 template <typename Number>
+NumberBox<Number>::NumberBox() = default;
+
+template <typename Number>
 void NumberBox<Number>::Bind(BoundDialog& page, UINT id, std::int32_t& field, const Options& options) {
     Attach(page, id);
     m_field = &field;

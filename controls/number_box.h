@@ -24,6 +24,9 @@ class NumberBox final : public BoundControl {
         const wchar_t* format = L"%1.3f";
     };
 
+    // Not inline: otherwise each page would hold an image of its boxes.
+    NumberBox();
+
     // Attaches to the page's control and shows the field.
     void Bind(BoundDialog& page, UINT id, std::int32_t& field, const Options& options);
     // The same with the limits of the stored number in place of those of the options.
