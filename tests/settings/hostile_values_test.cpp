@@ -126,7 +126,7 @@ TEST_F(HostileValues, RecordLoadedFromThemCanBeStoredAndLoadedAgain) {
     PrinterSettings settings;
     LoadGroups(Key(), page_bit::kAllPages, settings);
     StoreGroups(Key(), page_bit::kAllPages, settings);
-    EXPECT_EQ(ValueCount(Key()), 122U);
+    EXPECT_EQ(ValueCount(Key()), std::size(kExpectedSettings));
 
     PrinterSettings again;
     LoadGroups(Key(), page_bit::kAllPages, again);

@@ -16,10 +16,10 @@ constexpr std::size_t kMebibyte = 0x100000;
 
 class StoreGroupsTest : public ScratchKeyTest {};
 
-TEST_F(StoreGroupsTest, FreshRecordLeaves122ValuesOfTheRightTypes) {
+TEST_F(StoreGroupsTest, FreshRecordLeavesEveryValueOfTheRightType) {
     StoreGroups(Key(), page_bit::kAllPages, PrinterSettings{});
 
-    EXPECT_EQ(ValueCount(Key()), 122U);
+    EXPECT_EQ(ValueCount(Key()), std::size(kExpectedSettings));
     for (const ExpectedSetting& setting : kExpectedSettings) {
         if (setting.text) {
             const std::wstring text = setting.text;
@@ -36,7 +36,7 @@ TEST_F(StoreGroupsTest, EverySettingIsStoredUnderItsOwnName) {
     const PrinterSettings settings = ChangedSettings();
     StoreGroups(Key(), page_bit::kAllPages, settings);
 
-    EXPECT_EQ(ValueCount(Key()), 122U);
+    EXPECT_EQ(ValueCount(Key()), std::size(kExpectedSettings));
     const auto values = MemberValues(settings);
     for (const ExpectedSetting& setting : kExpectedSettings) {
         if (!values.contains(setting.name)) continue;  // one value for several members
