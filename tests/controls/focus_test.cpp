@@ -25,7 +25,7 @@ class FocusOfABoundControl : public ControlTest {
         ControlTest::Open(IDD_TEST_FOCUS,
                           [&](TestPage& bound) { edit->Bind(bound, IDC_TEST_SUBJECT, m_field); });
     }
-    void PressInControl(WORD key, std::initializer_list<WORD> held = {}) {
+    void PressInControl(WORD key, const std::vector<WORD>& held = {}) {
         Focus();
         PressKey(key, held);
         Settle();
@@ -194,7 +194,7 @@ TEST_F(FocusOfABoundControl, PassesANextFocusWindowOverThatTakesNoKeys) {
 TEST_F(FocusOfABoundControl, HasFocusRectanglesAndAccessKeysShownFromNowOn) {
     struct Key {
         WORD key;
-        std::initializer_list<WORD> held;
+        std::vector<WORD> held;
     };
     for (const Key& pressed : {Key{VK_TAB, {}}, Key{VK_RETURN, {}}, Key{VK_TAB, {VK_SHIFT}}}) {
         Open();

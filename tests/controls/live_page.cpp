@@ -8,7 +8,6 @@
 #include "base/window_text.h"
 #include "controls/focus.h"
 #include "framework/module.h"
-#include "tests/support/keyboard.h"
 #include "tests/support/message_loop.h"
 
 namespace vmk::test {
@@ -76,13 +75,6 @@ void ControlTest::EnterTextAndLeave(const std::wstring& text, UINT next) {
 
 void ControlTest::Focus(UINT id) {
     SetFocus(Control(id));
-}
-
-void ControlTest::PressKey(WORD key, std::initializer_list<WORD> held) {
-    for (const WORD modifier : held) SendKey(modifier, 0);
-    SendKey(key, 0);
-    SendKey(key, KEYEVENTF_KEYUP);
-    for (const WORD modifier : held) SendKey(modifier, KEYEVENTF_KEYUP);
 }
 
 bool ControlTest::Until(const std::function<bool()>& condition) const {

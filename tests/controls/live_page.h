@@ -11,6 +11,7 @@
 
 #include "controls/bound_dialog.h"
 #include "tests/controls/test_dialogs.h"
+#include "tests/support/keyboard.h"
 
 namespace vmk::test {
 
@@ -67,8 +68,6 @@ class ControlTest : public testing::Test {
     void EnterTextAndLeave(const std::wstring& text, UINT next = IDC_TEST_LAST_STOP);
 
     void Focus(UINT id = IDC_TEST_SUBJECT);
-    // Presses and releases a key, other keys being held.
-    void PressKey(WORD key, std::initializer_list<WORD> held = {});
     // Runs the message loop until the condition holds.
     bool Until(const std::function<bool()>& condition) const;
     bool FocusReaches(HWND window) const;

@@ -120,7 +120,7 @@ TEST(AllPages, WalkingThroughEveryControlByKeyboardIsNoChange) {
             ASSERT_TRUE(dialog.FocusReaches(first)) << GetDlgCtrlID(first);
             for (int step = 0; step < 40; ++step) {
                 HWND last = dialog.Focused();
-                dialog.PressKeys(held, VK_TAB);
+                dialog.PressKey(VK_TAB, held);
                 ASSERT_TRUE(WaitUntil([&] { return dialog.Focused() && dialog.Focused() != last; }));
             }
         }

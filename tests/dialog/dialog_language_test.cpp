@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <fstream>
-
 #include "resources/ids/document_info.h"
 #include "resources/ids/main.h"
 #include "resources/ids/security.h"
@@ -13,7 +10,6 @@
 namespace vmk::test {
 namespace {
 
-constexpr LANGID kGerman = 0x0407;
 constexpr LANGID kSwissGerman = 0x0807;
 constexpr wchar_t kEnglishCaption[] = L"Vellumark 3.0 Printing Preferences";
 
@@ -91,10 +87,10 @@ TEST(DialogLanguage, OnlyTheLowWordOfTheIdentifierCounts) {
 
 TEST(DialogLanguage, OfTwoFilesOfOneLanguageOnlyTheFirstFoundIsUsed) {
     const LanguageFolder folder;
-    folder.AddFile(L"a.vlf", kGerman, {{L"OK", L"eins"}});
-    folder.AddFile(L"b.vlf", kGerman, {{L"OK", L"zwei"}, {L"Cancel", L"zwei"}});
+    folder.WriteTranslations(L"a.vlf", kGerman, {{L"OK", L"eins"}});
+    folder.WriteTranslations(L"b.vlf", kGerman, {{L"OK", L"zwei"}, {L"Cancel", L"zwei"}});
     WIN32_FIND_DATAW first;
-    FindClose(FindFirstFileW((folder.Path() + L"\\*.vlf").c_str(), &first));
+    FindClose(FindFirstFileW(folder.File(L"*.vlf").c_str(), &first));
     const bool isA = std::wstring(first.cFileName) == L"a.vlf";
     const LiveDialog dialog({.pages = 0, .language = kGerman});
     EXPECT_EQ(dialog.Main().Text(IDOK), isA ? L"eins" : L"zwei");
@@ -119,9 +115,8 @@ TEST(DialogLanguage, WithoutAConfiguredFolderTheDialogStaysEnglish) {
 
 TEST(DialogLanguage, AFolderThatIsMissingOrAFileOrEmptyTextStaysEnglish) {
     const LanguageFolder folder(kEntries);
-    std::string path;
-    for (const wchar_t character : folder.Path()) path += static_cast<char>(character);
-    for (const std::string& wrong : {path + "\\missing", path + "\\language.vlf", std::string()}) {
+    for (const std::string& wrong :
+         {folder.NarrowFile("missing"), folder.NarrowFile("language.vlf"), std::string()}) {
         const ConfiguredLanguageFolder configured(wrong);
         EXPECT_EQ(CaptionIn(kGerman), kEnglishCaption) << wrong;
     }
@@ -129,23 +124,15 @@ TEST(DialogLanguage, AFolderThatIsMissingOrAFileOrEmptyTextStaysEnglish) {
 
 TEST(DialogLanguage, AFolderThatIsTooLongToHoldAFileStaysEnglish) {
     const LanguageFolder folder(kEntries);
-    std::string path;
-    for (const wchar_t character : folder.Path()) path += static_cast<char>(character);
     // A path that the file system would follow, were it short enough: "." components mean nothing.
     for (const size_t length : {258U, 259U, 260U, 5000U}) {
-        std::string padded = path;
+        std::string padded = folder.NarrowPath();
         while (padded.size() + 2 <= length) padded += "\\.";
         padded.resize(length, '\\');
         const ConfiguredLanguageFolder configured(padded);
         const LiveDialog dialog({.pages = 0, .language = kGerman});
         EXPECT_EQ(dialog.Main().Text(), kEnglishCaption) << length;
     }
-}
-
-std::string NarrowPath(const LanguageFolder& folder) {
-    std::string path;
-    for (const wchar_t character : folder.Path()) path += static_cast<char>(character);
-    return path;
 }
 
 // An environment variable of this process, which is the dialog's host.
@@ -162,21 +149,21 @@ class EnvironmentVariable {
 
 TEST(DialogLanguage, VariablesInAnExpandableFolderAreReplaced) {
     const LanguageFolder folder(kEntries);
-    const EnvironmentVariable variable(NarrowPath(folder));
+    const EnvironmentVariable variable(folder.NarrowPath());
     const ConfiguredLanguageFolder configured("%VmkTestFolder%", REG_EXPAND_SZ);
     EXPECT_EQ(CaptionIn(kGerman), L"Druckeinstellungen");
 }
 
 TEST(DialogLanguage, VariablesInAPlainFolderStandForThemselves) {
     const LanguageFolder folder(kEntries);
-    const EnvironmentVariable variable(NarrowPath(folder));
+    const EnvironmentVariable variable(folder.NarrowPath());
     const ConfiguredLanguageFolder configured("%VmkTestFolder%");
     EXPECT_EQ(CaptionIn(kGerman), kEnglishCaption);
 }
 
 TEST(DialogLanguage, AnExpandableFolderWithoutVariablesIsTakenAsItIs) {
     const LanguageFolder folder(kEntries);
-    const ConfiguredLanguageFolder configured(NarrowPath(folder), REG_EXPAND_SZ);
+    const ConfiguredLanguageFolder configured(folder.NarrowPath(), REG_EXPAND_SZ);
     EXPECT_EQ(CaptionIn(kGerman), L"Druckeinstellungen");
 }
 
@@ -191,7 +178,7 @@ TEST(DialogLanguage, AFolderThatBecomesTooLongWithItsVariablesStaysEnglish) {
 
 TEST(DialogLanguage, AFileThatAnotherProgramHoldsOpenForWritingIsUsedAllTheSame) {
     const LanguageFolder folder(kEntries);
-    HANDLE held = CreateFileW((folder.Path() + L"\\language.vlf").c_str(), GENERIC_WRITE | DELETE,
+    HANDLE held = CreateFileW(folder.File(L"language.vlf").c_str(), GENERIC_WRITE | DELETE,
                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
                               FILE_ATTRIBUTE_NORMAL, nullptr);
     ASSERT_NE(held, INVALID_HANDLE_VALUE);
@@ -201,12 +188,12 @@ TEST(DialogLanguage, AFileThatAnotherProgramHoldsOpenForWritingIsUsedAllTheSame)
 
 TEST(DialogLanguage, FilesThatCannotBeReadAreSkipped) {
     const LanguageFolder folder(kEntries);
-    CreateDirectoryW((folder.Path() + L"\\a.vlf").c_str(), nullptr);
-    HANDLE locked = CreateFileW((folder.Path() + L"\\0.vlf").c_str(), GENERIC_WRITE, 0, nullptr,
-                                CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    CreateDirectoryW(folder.File(L"a.vlf").c_str(), nullptr);
+    HANDLE locked = CreateFileW(folder.File(L"0.vlf").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                FILE_ATTRIBUTE_NORMAL, nullptr);
     EXPECT_EQ(CaptionIn(kGerman), L"Druckeinstellungen");
     CloseHandle(locked);
-    RemoveDirectoryW((folder.Path() + L"\\a.vlf").c_str());
+    RemoveDirectoryW(folder.File(L"a.vlf").c_str());
 }
 
 TEST(DialogLanguage, TheCurrentDirectoryIsTheSameAsBefore) {

@@ -76,12 +76,12 @@ TEST(Keyboard, EnterInThePageListPressesOkAgainAfterAButtonHadTheFocus) {
 TEST(Keyboard, AccessKeysClickCheckBoxesAndRadioButtonsOfAPage) {
     const LanguageFolder german(Translations{{L"Hide Toolbars", L"&Leisten ausblenden"},
                                              {L"Version 1.5 (Acrobat v6.0 and above)", L"Version 1.&5"}});
-    LiveDialog dialog({.pages = page_bit::kGeneral, .language = 0x0407});
+    LiveDialog dialog({.pages = page_bit::kGeneral, .language = kGerman});
     const LiveWindow page = dialog.VisiblePage();
     page.Focus(IDC_GENERAL_PAGE_LAYOUT);
-    dialog.PressKeys({VK_MENU}, 'L');
+    dialog.PressKey('L', {VK_MENU});
     EXPECT_TRUE(WaitUntil([&] { return page.IsChecked(IDC_GENERAL_HIDE_TOOLBARS); }));
-    dialog.PressKeys({VK_MENU}, '5');
+    dialog.PressKey('5', {VK_MENU});
     EXPECT_TRUE(WaitUntil([&] { return page.IsChecked(IDC_GENERAL_VERSION_15); }));
     EXPECT_EQ(dialog.Ok(), 1);
     EXPECT_EQ(dialog.Record().General.VP.HideToolbars, 1);

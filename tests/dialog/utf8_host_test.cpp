@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <string_view>
 
 #include "tests/support/language_folder.h"
 #include "tests/support/live_dialog.h"
@@ -13,35 +12,6 @@
 
 namespace vmk::test {
 namespace {
-
-std::string Utf8(std::wstring_view text) {
-    const int length = static_cast<int>(text.size());
-    std::string bytes(static_cast<std::size_t>(
-                          WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr)),
-                      '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(), static_cast<int>(bytes.size()),
-                        nullptr, nullptr);
-    return bytes;
-}
-
-// An empty folder with this name in the system's temporary one.
-class NamedFolder {
-  public:
-    explicit NamedFolder(const std::wstring& name) {
-        wchar_t temporary[MAX_PATH];
-        GetTempPathW(MAX_PATH, temporary);
-        m_path = temporary + name;
-        CreateDirectoryW(m_path.c_str(), nullptr);
-    }
-    ~NamedFolder() { RemoveDirectoryW(m_path.c_str()); }
-    NamedFolder(const NamedFolder&) = delete;
-    NamedFolder& operator=(const NamedFolder&) = delete;
-
-    const std::wstring& Path() const { return m_path; }
-
-  private:
-    std::wstring m_path;
-};
 
 class Utf8Host : public testing::Test {
   protected:
@@ -62,16 +32,11 @@ class Utf8Host : public testing::Test {
 };
 
 TEST_F(Utf8Host, TheLanguageFolderMayHaveANameOfAnyCharacters) {
-    const LanguageFolder files(Translations{{L"OK", L"\u597D"}});
-    const NamedFolder folder(L"\u8BED\u8A00 \u00E4\u0416");
-    const std::wstring file = folder.Path() + L"\\\u4E2D.vlf";
-    ASSERT_TRUE(CopyFileW((files.Path() + L"\\language.vlf").c_str(), file.c_str(), FALSE));
-    {
-        const ConfiguredLanguageFolder configured(Utf8(folder.Path()));
-        const LiveDialog dialog({.pages = 0, .language = 0x0407});
-        EXPECT_EQ(dialog.Main().Text(IDOK), L"\u597D");
-    }
-    DeleteFileW(file.c_str());
+    const LanguageFiles files(L"\u8BED\u8A00 \u00E4\u0416");
+    files.WriteTranslations(L"\u4E2D.vlf", kGerman, {{L"OK", L"\u597D"}});
+    const ConfiguredLanguageFolder configured(files.NarrowPath());
+    const LiveDialog dialog({.pages = 0, .language = kGerman});
+    EXPECT_EQ(dialog.Main().Text(IDOK), L"\u597D");
 }
 
 TEST_F(Utf8Host, PlainTextsAreStoredWhole) {

@@ -12,7 +12,7 @@
 #include "language/language_session.h"
 #include "language/language_table.h"
 
-namespace vmk {
+namespace vmk::test {
 namespace {
 
 /// The build's folder of language files, found from the folder of the test.
@@ -52,4 +52,4 @@ TEST(German, HasNoEntryThatIsDroppedRepeatedOrEmpty) {
 }
 
 }  // namespace
-}  // namespace vmk
+}  // namespace vmk::test

@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "tests/language/utf16_bytes.h"
+#include "tests/support/utf16_bytes.h"
 
-namespace vmk {
+namespace vmk::test {
 namespace {
 
 using namespace std::string_literals;
@@ -301,4 +301,4 @@ TEST(LanguageFile, Of64MebibytesOfOtherThingsIsRead) {
 }
 
 }  // namespace
-}  // namespace vmk
+}  // namespace vmk::test

@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "tests/language/utf16_bytes.h"
+#include "tests/support/utf16_bytes.h"
 
-namespace vmk {
+namespace vmk::test {
 namespace {
 
 /// A table of texts that live elsewhere.
@@ -118,4 +118,4 @@ TEST(LanguageTable, AgreesWithAMapOnManyTextsThatShareTheirBeginnings) {
 }
 
 }  // namespace
-}  // namespace vmk
+}  // namespace vmk::test

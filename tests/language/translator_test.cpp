@@ -10,13 +10,13 @@
 #include <type_traits>
 #include <vector>
 
-#include "tests/language/language_folder.h"
+#include "tests/support/language_files.h"
 
-namespace vmk {
+namespace vmk::test {
 namespace {
 
 constexpr wchar_t kProduct[] = L"some.Product";
-constexpr char kFile[] = "german.vlf";
+constexpr wchar_t kFile[] = L"german.vlf";
 
 struct WindowCloser {
     using pointer = HWND;
@@ -43,15 +43,15 @@ class Translators : public testing::Test {
         text += L"\"OK\" = \"Ja\"\n\"Cancel\" = \"Abbrechen\"\n\"secret\" = \"geheim\"\n\"Gone\" = \"\"\n";
         text += L"\"Long\" = \"" + std::wstring(3000, L'x') + L"\"\n";
         text += L"\"" + std::wstring(2000, L'y') + L"\" = \"so long\"\n";
-        m_folder.Write(kFile, text);
+        m_folder.WriteText(kFile, text);
     }
 
     void OpenGerman() {
-        ASSERT_TRUE(m_translator.OpenLanguageSession(m_folder.Path(), kProduct));
+        ASSERT_TRUE(m_translator.OpenLanguageSession(m_folder.NarrowPath(), kProduct));
         ASSERT_TRUE(m_translator.SelectLanguage(0x407));
     }
 
-    LanguageFolder m_folder;
+    LanguageFiles m_folder;
     Translator m_translator;
 };
 
@@ -64,7 +64,7 @@ TEST_F(Translators, WithoutSessionTextsComeBackUnchanged) {
 }
 
 TEST_F(Translators, WithoutLanguageTextsComeBackUnchanged) {
-    ASSERT_TRUE(m_translator.OpenLanguageSession(m_folder.Path(), kProduct));
+    ASSERT_TRUE(m_translator.OpenLanguageSession(m_folder.NarrowPath(), kProduct));
     EXPECT_EQ(m_translator.TranslateString(L"OK"), L"OK");
     EXPECT_FALSE(m_translator.SelectLanguage(0x807));
     EXPECT_EQ(m_translator.TranslateString(L"OK"), L"OK");
@@ -79,14 +79,14 @@ TEST_F(Translators, TextsOfTheSelectedLanguageAreTranslated) {
 
 TEST_F(Translators, FoldersWithoutLanguagesOpenASession) {
     EXPECT_TRUE(m_translator.OpenLanguageSession("", kProduct));
-    EXPECT_TRUE(m_translator.OpenLanguageSession(m_folder.File("missing"), kProduct));
+    EXPECT_TRUE(m_translator.OpenLanguageSession(m_folder.NarrowFile("missing"), kProduct));
     EXPECT_FALSE(m_translator.SelectLanguage(0x407));
     EXPECT_EQ(m_translator.TranslateString(L"OK"), L"OK");
 }
 
 TEST_F(Translators, OpeningAgainReplacesTheSession) {
     OpenGerman();
-    ASSERT_TRUE(m_translator.OpenLanguageSession(m_folder.Path(), kProduct));
+    ASSERT_TRUE(m_translator.OpenLanguageSession(m_folder.NarrowPath(), kProduct));
     EXPECT_EQ(m_translator.TranslateString(L"OK"), L"OK");
 }
 
@@ -94,7 +94,7 @@ TEST_F(Translators, TranslatedTextsOutliveTheTranslator) {
     std::wstring text;
     {
         Translator translator;
-        ASSERT_TRUE(translator.OpenLanguageSession(m_folder.Path(), kProduct));
+        ASSERT_TRUE(translator.OpenLanguageSession(m_folder.NarrowPath(), kProduct));
         ASSERT_TRUE(translator.SelectLanguage(0x407));
         text = translator.TranslateString(L"OK");
     }
@@ -182,7 +182,7 @@ TEST_F(TranslatedWindows, TextWithoutTranslationIsSetAgain) {
 }
 
 TEST_F(TranslatedWindows, TextIsSetAgainWhileNoLanguageIsSelected) {
-    ASSERT_TRUE(m_translator.OpenLanguageSession(m_folder.Path(), kProduct));
+    ASSERT_TRUE(m_translator.OpenLanguageSession(m_folder.NarrowPath(), kProduct));
     const TextTraffic traffic(Parent());
     m_translator.TranslateWindow(Parent(), false);
     EXPECT_EQ(traffic.Set(), std::vector<std::wstring>{L"OK"});
@@ -440,4 +440,4 @@ TEST_F(TranslatedMenus, MenusThatDoNotExistAreIgnored) {
 }
 
 }  // namespace
-}  // namespace vmk
+}  // namespace vmk::test

@@ -325,7 +325,7 @@ TEST_F(CompressionPage, TranslatedItemsKeepTheirValues) {
                                              {L"Run Length", L"Laufl\x00E4nge"},
                                              {L"Compress Using:", L"Verfahren:"}});
     stored.Compression.Color.Method = 0;
-    Open(0x0407);
+    Open(kGerman);
     EXPECT_EQ(page.Text(IDC_COMPRESSION_COLOR_METHOD_LABEL), L"Verfahren:");
     EXPECT_EQ(page.Selected(IDC_COMPRESSION_COLOR_METHOD), L"Keine");
     EXPECT_TRUE(page.AreDisabled(kQualityControls));
@@ -339,7 +339,7 @@ TEST_F(CompressionPage, TranslatedItemsKeepTheirValues) {
 TEST_F(CompressionPage, OfTwoMethodsWithTheSameTranslationTheFirstIsStored) {
     const LanguageFolder german(Translations{{L"ZIP", L"Packen"}, {L"JPEG/ZIP", L"Packen"}});
     stored.Compression.Color.Method = 4;
-    Open(0x0407);
+    Open(kGerman);
     EXPECT_EQ(page.Selected(IDC_COMPRESSION_COLOR_METHOD), L"Packen");
     page.Click(IDC_COMPRESSION_ASCII);
     dialog->Apply();

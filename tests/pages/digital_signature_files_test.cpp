@@ -85,7 +85,7 @@ TEST_F(DigitalSignatureFiles, ChoosingCanBeCancelled) {
 TEST_F(DigitalSignatureFiles, TheTypesOfFilesAreTranslated) {
     const LanguageFolder german(Translations{{kCertificate.type, L"Zertifikate (*.pfx; *.p12)"},
                                              {kImage.type, L"Alle Dateien (*.*)"}});
-    Open(0x0407);
+    Open(kGerman);
     const FileChooser certificate = Press(kCertificate);
     ASSERT_TRUE(certificate);
     EXPECT_EQ(certificate.Types(), std::vector<std::wstring>{L"Zertifikate (*.pfx; *.p12)"});

@@ -527,7 +527,7 @@ TEST_F(DigitalSignaturePage, TranslatedItemsKeepTheirValues) {
         {L"Image", L"Bild"}, {L"inches", L"Zoll"}, {L"<none>", L"<keiner>"}, {L"Date", L"Datum"}});
     signature.Left = 254;
     signature.Reason = L"<none>";
-    Open(0x0407);
+    Open(kGerman);
     EXPECT_EQ(page.Text(IDC_SIGNATURE_SHOW_DATE), L"Datum");
     EXPECT_EQ(page.Text(IDC_SIGNATURE_REASON), L"<none>");
     EXPECT_EQ(page.Items(IDC_SIGNATURE_REASON).front(), L"<keiner>");
@@ -545,7 +545,7 @@ TEST_F(DigitalSignaturePage, TranslatedItemsKeepTheirValues) {
 TEST_F(DigitalSignaturePage, OfTwoGraphicsWithTheSameTranslationTheFirstIsStored) {
     const LanguageFolder german(Translations{{L"Image", L"Zeichen"}, {L"Name", L"Zeichen"}});
     signature.Flags = 0x20;
-    Open(0x0407);
+    Open(kGerman);
     EXPECT_EQ(Stored().Flags, 0x10);
 }
 

@@ -169,7 +169,7 @@ TEST_F(DocumentInfoPage, TabAndEnterGoThroughTheBoxesFromTopToBottomAndRound) {
 TEST_F(DocumentInfoPage, AStoredTextIsNeverTranslated) {
     const LanguageFolder german({{L"Title:", L"Titel:"}, {L"text of Info.Title", L"falsch"}});
     settings.SetText("Info.Title", L"text of Info.Title");
-    Open(0x0407);
+    Open(kGerman);
     EXPECT_EQ(page.Text(IDC_DOCINFO_TITLE_LABEL), L"Titel:");
     EXPECT_EQ(page.Text(IDC_DOCINFO_TITLE), L"text of Info.Title");
 }

@@ -300,7 +300,7 @@ TEST_F(EmailPage, TextsAndItemsAreTranslatedWhileValuesAndContentsStay) {
         {{L"None ", L"Keine"}, {L"None", L"Ohne"}, {L"Edit...", L"Bearbeiten..."}, {L"Report", L"Bericht"}});
     m_settings.SetText("Email.Subject", L"Report");
     m_settings.SetText("Email.Content", L"Report");
-    Open(0x0407);
+    Open(kGerman);
     EXPECT_EQ(m_page.Selected(kMethod), L"Keine");
     EXPECT_EQ(m_page.Text(kEditServer), L"Bearbeiten...");
     EXPECT_EQ(m_page.Text(kSubject), L"Report");
@@ -312,7 +312,7 @@ TEST_F(EmailPage, TextsAndItemsAreTranslatedWhileValuesAndContentsStay) {
 TEST_F(EmailPage, OfTwoMethodsWithTheSameTranslationTheFirstOnesValueIsStored) {
     const LanguageFolder folder({{kLaunch, L"Mailprogramm"}, {kThroughClient, L"Mailprogramm"}});
     m_settings.SetNumber("Email.Type", 2);
-    Open(0x0407);
+    Open(kGerman);
     EXPECT_EQ(m_page.Selected(kMethod), L"Mailprogramm");
     EXPECT_EQ(m_dialog->Cancel(), 2);
     EXPECT_EQ(Record().Type, 1);

@@ -291,7 +291,7 @@ TEST_F(FontsPage, NamesAreSelectedByKeyboardAndMovedByMouse) {
     const LiveWindow page = PageOf(dialog);
     page.Focus(IDC_FONTS_ALWAYS);
     dialog.PressKey(VK_HOME);
-    dialog.PressKeys({VK_SHIFT}, VK_DOWN);
+    dialog.PressKey(VK_DOWN, {VK_SHIFT});
     ASSERT_TRUE(WaitUntil([&] { return ListView_GetSelectedCount(page.Control(IDC_FONTS_ALWAYS)) == 2; }));
     page.MouseClick(IDC_FONTS_REMOVE_ALWAYS);
     EXPECT_TRUE(WaitUntil([&] { return dialog.IsApplyEnabled(); }));
@@ -449,7 +449,7 @@ TEST_F(FontsPage, TheTextsAreTranslatedButNotTheNamesOfFonts) {
     const LanguageFolder german({{L"Default", L"Standard"},
                                  {L"Never Embed Fonts:", L"Nie einbetten:"},
                                  {L"Arial", L"Not a text of the dialog"}});
-    LiveDialog dialog({.pages = kPages, .language = 0x0407});
+    LiveDialog dialog({.pages = kPages, .language = kGerman});
     const LiveWindow page = PageOf(dialog);
     EXPECT_EQ(page.Text(IDC_FONTS_DEFAULT), L"Standard");
     EXPECT_EQ(page.Text(IDC_FONTS_USE_NEVER), L"Nie einbetten:");

@@ -243,7 +243,7 @@ TEST_F(GeneralPage, TranslatedItemsKeepTheirValues) {
                                              {L"Two Columns Right", L"Zwei Spalten"},
                                              {L"Hide Menubar", L"Men\x00FC ausblenden"}});
     stored.General.PageLayout = 3;
-    Open(0x0407);
+    Open(kGerman);
     EXPECT_EQ(page.Text(IDC_GENERAL_HIDE_MENUBAR), L"Men\x00FC ausblenden");
     EXPECT_EQ(page.Selected(IDC_GENERAL_PAGE_LAYOUT), L"Zwei Spalten");
     page.Click(IDC_GENERAL_HIDE_UI);

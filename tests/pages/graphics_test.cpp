@@ -353,7 +353,7 @@ TEST_F(GraphicsPage, TranslatedItemsKeepTheirValues) {
                                              {L"Bilinear Downsampling", L"Interpoliert"},
                                              {L"To:", L"Auf:"}});
     stored.Downsample.Color.Method = 1;
-    OpenInFullUse(0x0407);
+    OpenInFullUse(kGerman);
     EXPECT_EQ(page.Text(IDC_GRAPHICS_MONO_TO_LABEL), L"Auf:");
     EXPECT_EQ(page.Selected(IDC_GRAPHICS_CONVERT_DRAWING), L"Schwarzwei\x00DF");
     EXPECT_EQ(page.Selected(IDC_GRAPHICS_COLOR_METHOD), L"Interpoliert");

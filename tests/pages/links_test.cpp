@@ -385,7 +385,7 @@ TEST_F(LinksPage, TranslatedItemsKeepTheirValues) {
                                              {L"Rectangle", L"Rechteck"},
                                              {L"Dotted", L"Gepunktet"},
                                              {L"points", L"Punkt"}});
-    Open(0x0407);
+    Open(kGerman);
     EXPECT_EQ(page.Text(IDC_LINKS_WIDTH_UNIT), L"Punkt");
     ASSERT_TRUE(page.Choose(IDC_LINKS_TYPE, L"Rechteck"));
     ASSERT_TRUE(page.Choose(IDC_LINKS_STYLE, L"Gepunktet"));
@@ -397,7 +397,7 @@ TEST_F(LinksPage, TranslatedItemsKeepTheirValues) {
 TEST_F(LinksPage, OfTwoStylesWithTheSameTranslationTheFirstIsStored) {
     const LanguageFolder german(Translations{{L"Dashed", L"Unterbrochen"}, {L"Dotted", L"Unterbrochen"}});
     stored.Links.Border.Style = 2;
-    Open(0x0407);
+    Open(kGerman);
     page.Click(IDC_LINKS_FILES_CHECK);
     dialog->Apply();
     EXPECT_EQ(dialog->Record().Links.Border.Style, 1);

@@ -385,7 +385,7 @@ TEST_F(OptimizationPage, TextsAndItemsAreTranslatedWhileTheStoredValuesStay) {
     const LanguageFolder folder({{L"Screen", L"Negativ multiplizieren"},
                                  {L"Swap to Disk Images Larger Than:", L"Auslagern ab:"},
                                  {L"Simple", L"Einfach"}});
-    Open(0x0407);
+    Open(kGerman);
     EXPECT_EQ(m_page.Text(kSwap), L"Auslagern ab:");
     EXPECT_EQ(m_page.Selected(kDeTessellation), L"Einfach");
     ASSERT_TRUE(m_page.Choose(kBlendMode, L"Negativ multiplizieren"));
@@ -397,7 +397,7 @@ TEST_F(OptimizationPage, TextsAndItemsAreTranslatedWhileTheStoredValuesStay) {
 TEST_F(OptimizationPage, OfTwoItemsWithTheSameTranslationTheFirstOnesValueIsStored) {
     const LanguageFolder folder({{L"Darken", L"Abdunkeln"}, {L"ColorBurn", L"Abdunkeln"}});
     m_settings.SetNumber("Optimization.BlendMode", 7);
-    Open(0x0407);
+    Open(kGerman);
     EXPECT_EQ(m_page.Selected(kBlendMode), L"Abdunkeln");
     m_page.Click(kNoTransparency);
     EXPECT_EQ(m_dialog->Ok(), 1);

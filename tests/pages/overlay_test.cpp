@@ -410,7 +410,7 @@ TEST_F(OverlayPage, BrowsingCanBeCancelled) {
 TEST_F(OverlayPage, TheTypeOfFilesIsTranslated) {
     const LanguageFolder german(
         Translations{{L"Adobe PDF Files (*.pdf)", L"Adobe-PDF-Dateien (*.pdf)"}, {L"Left", L"Links"}});
-    Open(0x0407);
+    Open(kGerman);
     EXPECT_EQ(page.Text(IDC_OVERLAY_LEFT), L"Links");
     const FileChooser chooser = PressBrowse();
     ASSERT_TRUE(chooser);

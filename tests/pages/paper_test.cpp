@@ -14,7 +14,6 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-constexpr LANGID kGerman = 0x0407;
 const std::vector<UINT> kOrderLists = {IDC_PAPER_NO_ORDER, IDC_PAPER_ORDER_OF_TWO, IDC_PAPER_ORDER_OF_MORE};
 
 // The Paper page, opened on what the settings hold.

@@ -561,7 +561,7 @@ TEST(SavePage, TabGoesRoundThePage) {
 
 TEST(SavePage, TranslatedItemsKeepTheirValues) {
     const LanguageFolder german({{L"Auto Number", L"Nummerieren"}, {L"Always Overwrite", L"Ersetzen"}});
-    const RecordPage open(Numbering(), 0x0407);
+    const RecordPage open(Numbering(), kGerman);
     EXPECT_EQ(open.page.Selected(IDC_SAVE_EXISTS), L"Nummerieren");
     open.page.Choose(IDC_SAVE_EXISTS, L"Ersetzen");
     EXPECT_EQ(open.State(kNumbering), 0);
@@ -571,7 +571,7 @@ TEST(SavePage, TranslatedItemsKeepTheirValues) {
 
 TEST(SavePage, OfTwoItemsWithTheSameTextTheFirstOneIsStored) {
     const LanguageFolder german({{L"Auto Number", L"Weiter"}, {L"Always Overwrite", L"Weiter"}});
-    const RecordPage open(Numbering(), 0x0407);
+    const RecordPage open(Numbering(), kGerman);
     open.page.EnterText(IDC_SAVE_FILE_NAME, L"x");
     open.dialog.Apply();
     EXPECT_EQ(open.dialog.Record().Save.WhenExists, 1);
@@ -699,7 +699,7 @@ TEST(SavePage, ALongFileNameIsCutBeforeTheMacro) {
 
 TEST(SavePage, TheMenuIsTranslatedAndItsMacrosAreNot) {
     const LanguageFolder german({{L"Year", L"Jahr"}, {L"Document Name", L"Dokumentname"}});
-    const RecordPage open({}, 0x0407);
+    const RecordPage open({}, kGerman);
     for (int time = 0; time < 2; ++time) {
         HWND menu = OpenMenu(open);
         ASSERT_TRUE(menu);

@@ -327,7 +327,7 @@ TEST(SecurityPage, TextsAreTranslatedAndPasswordsAreNot) {
                                  {L"secret", L"geheim"}});
     PrinterSettings record = Secured();
     record.Security.UserPwd = L"secret";
-    const OpenPage open(record, 0x0407);
+    const OpenPage open(record, kGerman);
     EXPECT_EQ(open.page.Text(IDC_SECURITY_USE), L"Sicherheit");
     EXPECT_EQ(open.panel40.Text(IDC_SECURITY_40_PRINTING), L"Drucken");
     EXPECT_EQ(open.panel128.Selected(IDC_SECURITY_128_CHANGES), L"Keine");
@@ -344,7 +344,7 @@ TEST(SecurityPage, TextsAreTranslatedAndPasswordsAreNot) {
 // The panels follow the stored level and then the position in the list, the stored value follows the text.
 TEST(SecurityPage, WithEqualLevelTextsThePanelsFollowThePosition) {
     const LanguageFolder german({{k40Text, L"RC4"}, {k128Text, L"RC4"}});
-    const OpenPage open(Secured(128), 0x0407);
+    const OpenPage open(Secured(128), kGerman);
     EXPECT_EQ(open.VisiblePanels(), "128");
     for (const WPARAM position : {0U, 1U}) {
         SendMessageW(open.page.Control(IDC_SECURITY_LEVEL), CB_SETCURSEL, position, 0);
@@ -390,7 +390,7 @@ TEST(SecurityPage, TabAndEnterGoThroughThePageAndThenRoundThePanel) {
 TEST(SecurityPage, ShiftTabLeavesThePanelForThePage) {
     const OpenPage open(Secured(40));
     open.panel40.Focus(IDC_SECURITY_40_PRINTING);
-    open.dialog->PressKeys({VK_SHIFT}, VK_TAB);
+    open.dialog->PressKey(VK_TAB, {VK_SHIFT});
     EXPECT_TRUE(open.dialog->FocusReaches(open.page.Control(IDC_SECURITY_LEVEL)));
 }
 

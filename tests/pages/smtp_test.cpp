@@ -329,7 +329,7 @@ TEST_F(SmtpDialog, TextsAreTranslatedButNotWhatIsStored) {
                                  {L"Cancel", L"Abbrechen"},
                                  {L"secret", L"geheim"},
                                  {L"user", L"Benutzer"}});
-    Open(0x0407);
+    Open(kGerman);
     EXPECT_EQ(m_server.Text(), L"Postausgangsserver");
     EXPECT_EQ(m_server.Text(204), L"Kontoname:");
     EXPECT_EQ(m_server.Text(IDCANCEL), L"Abbrechen");

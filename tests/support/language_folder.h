@@ -5,10 +5,18 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
+
+#include "tests/support/language_files.h"
+
+// The dialog's language files, where it looks for them:
+//
+//     const LanguageFolder german({{L"OK", L"Gut"}, {L"Cancel", L"Abbrechen"}});
+//     const LiveDialog dialog({.language = kGerman});
+//     EXPECT_EQ(dialog.Main().Text(IDOK), L"Gut");
 
 namespace vmk::test {
+
+inline constexpr LANGID kGerman = 0x0407;
 
 // The configured folder of the language files (VLF_PATH of this machine) as long as the object lives; what
 // was configured before comes back afterwards.
@@ -25,23 +33,16 @@ class ConfiguredLanguageFolder {
     std::string m_previous;
 };
 
-// English text and its translation.
-using Translations = std::vector<std::pair<std::wstring, std::wstring>>;
-
-// A configured folder with language files of this component; the files are deleted at the end.
-class LanguageFolder {
+// Language files whose folder is configured.
+class LanguageFolder : public LanguageFiles {
   public:
-    LanguageFolder();
-    explicit LanguageFolder(const Translations& entries, std::uint32_t langid = 0x0407);
-    ~LanguageFolder();
-    LanguageFolder(const LanguageFolder&) = delete;
-    LanguageFolder& operator=(const LanguageFolder&) = delete;
-
-    const std::wstring& Path() const { return m_path; }
-    void AddFile(const std::wstring& name, std::uint32_t langid, const Translations& entries) const;
+    LanguageFolder() : m_configured(NarrowPath()) {}
+    // With one file, language.vlf.
+    explicit LanguageFolder(const Translations& entries, std::uint32_t langid = kGerman) : LanguageFolder() {
+        WriteTranslations(L"language.vlf", langid, entries);
+    }
 
   private:
-    std::wstring m_path;
     ConfiguredLanguageFolder m_configured;
 };
 

@@ -11,7 +11,6 @@
 
 #include "base/window_text.h"
 #include "resources/ids/main.h"
-#include "tests/support/keyboard.h"
 #include "tests/support/wait.h"
 #include "tests/support/window_search.h"
 
@@ -379,25 +378,6 @@ HWND LiveDialog::Focused() const {
 
 bool LiveDialog::FocusReaches(HWND window) const {
     return WaitUntil([&] { return Focused() == window; });
-}
-
-void LiveDialog::PressKey(WORD virtualKey) const {
-    PressKeys({}, virtualKey);
-}
-
-void LiveDialog::PressKeys(const std::vector<WORD>& held, WORD virtualKey) const {
-    for (const WORD key : held) SendKey(key, 0);
-    SendKey(virtualKey, 0);
-    SendKey(virtualKey, KEYEVENTF_KEYUP);
-    for (const WORD key : held) SendKey(key, KEYEVENTF_KEYUP);
-}
-
-void LiveDialog::TypeText(const std::wstring& text) const {
-    for (const wchar_t character : text) {
-        const SHORT key = VkKeyScanW(character);
-        const bool shifted = (HIBYTE(key) & 1) != 0;
-        PressKeys(shifted ? std::vector<WORD>{VK_SHIFT} : std::vector<WORD>{}, LOBYTE(key));
-    }
 }
 
 LiveWindow LiveDialog::WaitForModal(HWND over) const {

@@ -9,6 +9,7 @@
 
 #include "settings/page_set.h"
 #include "settings/printer_settings.h"
+#include "tests/support/keyboard.h"
 #include "tests/support/loaded_module.h"
 #include "tests/support/scratch_settings.h"
 
@@ -129,10 +130,11 @@ class LiveDialog {
     // Whether that is the control, or becomes it within the usual patience.
     bool FocusReaches(HWND window) const;
 
-    // Presses and releases a key on the keyboard, which types into the foreground window.
-    void PressKey(WORD virtualKey) const;
-    void PressKeys(const std::vector<WORD>& held, WORD virtualKey) const;
-    void TypeText(const std::wstring& text) const;
+    // The keyboard, which types into the foreground window: after opening that is the dialog.
+    void PressKey(WORD virtualKey, const std::vector<WORD>& held = {}) const {
+        test::PressKey(virtualKey, held);
+    }
+    void TypeText(const std::wstring& text) const { test::TypeText(text); }
 
     // The next modal dialog that opens over the main one (or over the given one).
     LiveWindow WaitForModal(HWND over = nullptr) const;

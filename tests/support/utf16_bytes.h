@@ -4,9 +4,15 @@
 #include <string_view>
 #include <vector>
 
-namespace vmk {
+// Texts as the bytes of a file:
+//
+//     folder.Write(L"german.vlf", LanguageFileBytes(L"$langid = 0407"));
+//     EXPECT_TRUE(ReadLanguageFile(LanguageFileBytes(L"\"OK\" = \"Ja\"")));
+//     EXPECT_FALSE(ReadLanguageFile(Utf16Bytes(L"\"OK\" = \"Ja\"")));
 
-/// The text's code units as a file's bytes, low byte first, without a byte-order mark.
+namespace vmk::test {
+
+// The text's code units as a file's bytes, low byte first, without a byte-order mark.
 inline std::vector<std::byte> Utf16Bytes(std::wstring_view text) {
     std::vector<std::byte> bytes;
     bytes.reserve(text.size() * 2);
@@ -17,7 +23,7 @@ inline std::vector<std::byte> Utf16Bytes(std::wstring_view text) {
     return bytes;
 }
 
-/// A language file's bytes: the byte-order mark and the text.
+// A language file's bytes: the byte-order mark and the text.
 inline std::vector<std::byte> LanguageFileBytes(std::wstring_view text) {
     std::vector<std::byte> bytes{std::byte{0xFF}, std::byte{0xFE}};
     const std::vector<std::byte> units = Utf16Bytes(text);
@@ -25,4 +31,4 @@ inline std::vector<std::byte> LanguageFileBytes(std::wstring_view text) {
     return bytes;
 }
 
-}  // namespace vmk
+}  // namespace vmk::test
