@@ -5,8 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "base/window_text.h"
-#include "tests/support/file_dialog_controls.h"
+#include "tests/support/file_chooser.h"
 #include "tests/support/wait.h"
 #include "tests/support/window_search.h"
 
@@ -34,20 +33,11 @@ class OpenFileDialog {
 
     bool IsOpen() const { return m_dialog != nullptr; }
 
-    HWND NameBox() const { return FileNameBox(m_dialog); }
-
-    std::wstring SelectedType() const {
-        HWND list = GetDlgItem(m_dialog, kFileTypeList);
-        std::wstring text(256, L'\0');
-        const LRESULT selection = SendMessageW(list, CB_GETCURSEL, 0, 0);
-        text.resize(static_cast<size_t>(SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(selection),
-                                                     reinterpret_cast<LPARAM>(text.data()))));
-        return text;
-    }
+    FileChooser Chooser() const { return FileChooser(LiveWindow(m_dialog)); }
 
     // Closes the dialog with a button; what the call answers.
-    std::optional<std::wstring> Close(int button) {
-        PostMessageW(GetDlgItem(m_dialog, button), BM_CLICK, 0, 0);
+    std::optional<std::wstring> Close(UINT button) {
+        LiveWindow(m_dialog).PostClick(button);
         WaitForSingleObject(m_thread, 10'000);
         return m_result;
     }
@@ -83,8 +73,8 @@ TEST(FileDialog, ProposesThePathAndShowsTheFilter) {
                            .defaultExtension = L"dll",
                            .initialPath = ExistingFile()});
     ASSERT_TRUE(dialog.IsOpen());
-    EXPECT_EQ(FileNamePart(WindowText(dialog.NameBox())), L"kernel32.dll");
-    EXPECT_EQ(dialog.SelectedType(), L"Libraries (*.dll)");
+    EXPECT_EQ(FileNamePart(dialog.Chooser().ProposedName()), L"kernel32.dll");
+    EXPECT_EQ(dialog.Chooser().SelectedType(), L"Libraries (*.dll)");
     const std::optional<std::wstring> chosen = dialog.Close(IDOK);
     ASSERT_TRUE(chosen);
     EXPECT_EQ(CompareStringOrdinal(chosen->c_str(), -1, ExistingFile().c_str(), -1, TRUE), CSTR_EQUAL);
@@ -93,12 +83,13 @@ TEST(FileDialog, ProposesThePathAndShowsTheFilter) {
 TEST(FileDialog, AFileThatDoesNotExistIsNotAccepted) {
     OpenFileDialog dialog({});
     ASSERT_TRUE(dialog.IsOpen());
-    SendMessageW(dialog.NameBox(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"C:\\no such file.xyz"));
-    PostMessageW(GetParent(GetParent(GetParent(dialog.NameBox()))), WM_COMMAND, IDOK, 0);
+    dialog.Chooser().EnterName(L"C:\\no such file.xyz");
+    HWND window = dialog.Chooser().Window().Handle();
+    PostMessageW(window, WM_COMMAND, IDOK, 0);
     HWND message = nullptr;
     ASSERT_TRUE(WaitUntil([&] {
-        message = GetLastActivePopup(GetAncestor(dialog.NameBox(), GA_ROOT));
-        return message != GetAncestor(dialog.NameBox(), GA_ROOT);
+        message = GetLastActivePopup(window);
+        return message != window;
     }));
     PostMessageW(message, WM_CLOSE, 0, 0);
     EXPECT_TRUE(WaitUntil([&] { return !IsWindow(message); }));

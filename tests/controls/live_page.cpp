@@ -5,9 +5,9 @@
 
 #include <stdexcept>
 
-#include "base/window_text.h"
 #include "controls/focus.h"
 #include "framework/module.h"
+#include "tests/support/live_window.h"
 #include "tests/support/message_loop.h"
 
 namespace vmk::test {
@@ -59,12 +59,11 @@ std::vector<UINT> ControlTest::Enabled(std::initializer_list<UINT> ids) const {
 }
 
 std::wstring ControlTest::Text(UINT id) const {
-    return WindowText(Control(id));
+    return LiveWindow(page.Handle()).Text(id);
 }
 
 void ControlTest::EnterText(const std::wstring& text, UINT id) const {
-    SendMessageW(Control(id), EM_SETSEL, 0, -1);
-    SendMessageW(Control(id), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+    LiveWindow(page.Handle()).EnterText(id, text);
 }
 
 void ControlTest::EnterTextAndLeave(const std::wstring& text, UINT next) {

@@ -10,6 +10,7 @@
 #include "tests/support/full_use.h"
 #include "tests/support/live_dialog.h"
 #include "tests/support/wait.h"
+#include "tests/support/window_search.h"
 
 namespace vmk::test {
 namespace {
@@ -135,7 +136,7 @@ TEST(AllPages, WalkingThroughEveryControlByKeyboardIsNoChange) {
 std::vector<std::vector<HWND>> RadioGroups(const LiveWindow& page) {
     std::vector<std::vector<HWND>> groups;
     bool isNewGroup = true;
-    for (HWND child = GetWindow(page.Handle(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    for (HWND child : ChildrenOf(page.Handle())) {
         if (GetWindowLongW(child, GWL_STYLE) & WS_GROUP) isNewGroup = true;
         if (!(SendMessageW(child, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON)) continue;
         if (isNewGroup) groups.emplace_back();

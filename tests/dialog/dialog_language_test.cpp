@@ -197,13 +197,10 @@ TEST(DialogLanguage, FilesThatCannotBeReadAreSkipped) {
 }
 
 TEST(DialogLanguage, TheCurrentDirectoryIsTheSameAsBefore) {
-    wchar_t before[MAX_PATH];
-    GetCurrentDirectoryW(MAX_PATH, before);
+    const std::wstring before = CurrentFolder();
     LiveDialog dialog({.pages = page_bit::kWatermarks, .language = kGerman});
     dialog.Ok();
-    wchar_t after[MAX_PATH];
-    GetCurrentDirectoryW(MAX_PATH, after);
-    EXPECT_STREQ(before, after);
+    EXPECT_EQ(CurrentFolder(), before);
 }
 
 }  // namespace

@@ -104,11 +104,9 @@ TEST(HostedDialog, TheCommonDialogsAreLoadedOnFirstUseAndStayAsLongAsTheObject) 
         dialog.VisiblePage().Click(IDC_OVERLAY_ENABLE);
         EXPECT_FALSE(CommonDialogsAreLoaded());
         for (int time = 0; time < 2; ++time) {
-            dialog.VisiblePage().PostClick(IDC_OVERLAY_BROWSE);
-            const LiveWindow chooser = dialog.WaitForModal();
+            const LiveWindow chooser = dialog.OpenModal(dialog.VisiblePage(), IDC_OVERLAY_BROWSE);
             ASSERT_TRUE(chooser);
-            chooser.PostClick(IDCANCEL);
-            ASSERT_TRUE(dialog.WaitUntilClosed(chooser));
+            ASSERT_TRUE(dialog.CloseModal(chooser, IDCANCEL));
             dialog.Call([](IPdfPrinterPreferences&) {});  // after all that follows
             EXPECT_TRUE(CommonDialogsAreLoaded());
         }

@@ -41,8 +41,7 @@ TEST(Keyboard, EnterOpensWhatABrowseButtonOpens) {
     dialog.PressKey(VK_RETURN);
     const LiveWindow chooser = dialog.WaitForModal();
     ASSERT_TRUE(chooser);
-    chooser.PostClick(IDCANCEL);
-    EXPECT_TRUE(dialog.WaitUntilClosed(chooser));
+    EXPECT_TRUE(dialog.CloseModal(chooser, IDCANCEL));
 }
 
 TEST(Keyboard, EnterPressesApplyThatTabHasReached) {

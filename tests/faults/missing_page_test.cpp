@@ -9,6 +9,7 @@
 #include "tests/faults/refused_window.h"
 #include "tests/support/import_faults.h"
 #include "tests/support/loaded_module.h"
+#include "tests/support/scratch_settings.h"
 #include "tests/support/window_search.h"
 
 namespace vmk::test {
@@ -36,7 +37,7 @@ Shown LookAt(HWND dialog) {
         ListView_SetItemState(list, item, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
         int visible = 0;
         shown.pages = 0;
-        for (HWND page = GetWindow(frame, GW_CHILD); page; page = GetWindow(page, GW_HWNDNEXT)) {
+        for (HWND page : ChildrenOf(frame)) {
             ++shown.pages;
             if (IsWindowVisible(page)) ++visible;
         }

@@ -1,8 +1,6 @@
 #include "tests/faults/opening.h"
 
 #include "resources/ids/main.h"
-#include "tests/support/loaded_module.h"
-#include "tests/support/scratch_settings.h"
 #include "tests/support/window_search.h"
 
 namespace vmk::test {
@@ -72,18 +70,6 @@ Opening OpenAndEnd(IPdfPrinterPreferences& object, Ending ending,
     RemoveVectoredExceptionHandler(handler);
     current = nullptr;
     return opening;
-}
-
-PrinterSettings RecordOf(IPdfPrinterPreferences& object) {
-    const ScratchSettings copy;
-    object.StoreInRegistry(AllPages, AutomationString(copy.SubKey()).get());
-    return copy.Load();
-}
-
-void Load(IPdfPrinterPreferences& object, const PrinterSettings& settings) {
-    const ScratchSettings stored;
-    stored.Store(settings);
-    object.InitFromRegistry(AllPages, AutomationString(stored.SubKey()).get());
 }
 
 }  // namespace vmk::test

@@ -4,7 +4,6 @@
 
 #include <functional>
 
-#include "settings/printer_settings.h"
 #include "vmkctrl.h"
 
 namespace vmk::test {
@@ -25,11 +24,5 @@ struct Opening {
 // `inDialog` is called before that.
 Opening OpenAndEnd(IPdfPrinterPreferences& object, Ending ending,
                    const std::function<void(HWND dialog)>& inDialog = {});
-
-// The record of an object, read by way of the registry.
-PrinterSettings RecordOf(IPdfPrinterPreferences& object);
-
-// Has an object load a record by way of the registry.
-void Load(IPdfPrinterPreferences& object, const PrinterSettings& settings);
 
 }  // namespace vmk::test

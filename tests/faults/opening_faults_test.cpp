@@ -12,6 +12,7 @@
 #include "tests/support/full_use.h"
 #include "tests/support/import_faults.h"
 #include "tests/support/loaded_module.h"
+#include "tests/support/scratch_settings.h"
 #include "tests/support/test_font.h"
 
 namespace vmk::test {

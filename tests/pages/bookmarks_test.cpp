@@ -2,28 +2,23 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
 #include "resources/ids/main.h"
-#include "tests/support/live_dialog.h"
-#include "tests/support/wait.h"
+#include "tests/support/page_fixture.h"
 
 namespace vmk::test {
 namespace {
 
 const std::vector<UINT> kOptions = {IDC_BOOKMARKS_MULTILINE, IDC_BOOKMARKS_MATCH_LEVEL};
 
-class BookmarksPage : public testing::Test {
+class BookmarksPage : public PageTest {
   protected:
-    void Open() {
-        dialog.emplace(LiveDialog::Options{.pages = page_bit::kBookmarks, .settings = &settings});
-        page = dialog->VisiblePage();
-    }
+    BookmarksPage() : PageTest(page_bit::kBookmarks) {}
+
     void Open(int print, int multiline, int matchLevel) {
         settings.SetNumber("Bookmarks.Print", print);
         settings.SetNumber("Bookmarks.Multiline", multiline);
         settings.SetNumber("Bookmarks.MatchLevel", matchLevel);
-        Open();
+        OpenOn(settings);
     }
     void ExpectChecks(bool print, bool multiline, bool matchLevel) const {
         EXPECT_EQ(page.IsChecked(IDC_BOOKMARKS_PRINT), print);
@@ -36,14 +31,10 @@ class BookmarksPage : public testing::Test {
         EXPECT_EQ(record.Multiline, multiline);
         EXPECT_EQ(record.MatchLevel, matchLevel);
     }
-
-    ScratchSettings settings;
-    std::optional<LiveDialog> dialog;
-    LiveWindow page;
 };
 
 TEST_F(BookmarksPage, TheDefaultsShowDetectionOffAndItsOptionsDisabled) {
-    Open();
+    OpenOn(settings);
     ExpectChecks(false, true, false);
     EXPECT_TRUE(page.IsEnabled(IDC_BOOKMARKS_PRINT));
     EXPECT_TRUE(page.AreDisabled(kOptions));

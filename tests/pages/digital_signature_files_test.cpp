@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "resources/ids/digital_signature.h"
-#include "tests/pages/file_chooser.h"
-#include "tests/pages/page_fixture.h"
+#include "tests/pages/digital_signature_page.h"
+#include "tests/support/file_chooser.h"
 #include "tests/support/language_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace vmk::test {
 namespace {
@@ -20,62 +20,49 @@ constexpr Chooser kCertificate = {.button = IDC_SIGNATURE_FILE_BROWSE,
 constexpr Chooser kImage = {
     .button = IDC_SIGNATURE_IMAGE_BROWSE, .box = IDC_SIGNATURE_IMAGE, .type = L"All Files (*.*)"};
 
-class DigitalSignatureFiles : public PageTest {
+class DigitalSignatureFiles : public DigitalSignaturePage {
   protected:
-    DigitalSignatureFiles() : PageTest(page_bit::kDigitalSign) {
-        stored.Security.Digisig.Enable = 1;
-        stored.Security.Digisig.Flags = 0x10;
-    }
-
-    FileChooser Press(const Chooser& chooser) const {
-        page.PostClick(chooser.button);
-        return FileChooser(dialog->WaitForModal());
-    }
-
-    void CloseWith(const FileChooser& chooser, UINT button) const {
-        chooser.Window().PostClick(button);
-        ASSERT_TRUE(dialog->WaitUntilClosed(chooser.Window()));
-        ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(dialog->Main().Handle()) != FALSE; }));
-    }
+    DigitalSignatureFiles() { signature.Flags = 0x10; }
 };
 
 TEST_F(DigitalSignatureFiles, ChoosingProposesTheFileAndShowsTheChosenPath) {
-    const ExistingFile before(L" before.pfx");
-    const ExistingFile after(L" after.pfx");
+    const TemporaryFolder files;
+    const std::wstring before = files.Write(L"before.pfx");
+    const std::wstring after = files.Write(L"after.pfx");
     const std::wstring folder = CurrentFolder();
-    stored.Security.Digisig.PFXFile = before.Path();
-    stored.Security.Digisig.Image = before.Path();
+    signature.PFXFile = before;
+    signature.Image = before;
     for (const Chooser& expected : {kCertificate, kImage}) {
         Open();
-        const FileChooser chooser = Press(expected);
+        const FileChooser chooser(OpenModal(expected.button));
         ASSERT_TRUE(chooser);
         EXPECT_EQ(GetWindow(chooser.Window().Handle(), GW_OWNER), dialog->Main().Handle());
         EXPECT_TRUE(GetWindowLongW(chooser.Window().Handle(), GWL_STYLE) & WS_SIZEBOX);
-        EXPECT_EQ(chooser.ProposedName(), before.Name());
+        EXPECT_EQ(chooser.ProposedName(), L"before.pfx");
         EXPECT_EQ(chooser.Types(), std::vector<std::wstring>{expected.type});
-        chooser.EnterName(after.Path());
-        CloseWith(chooser, IDOK);
-        EXPECT_TRUE(WaitUntil([&] { return page.Text(expected.box) == after.Path(); }));
-        EXPECT_TRUE(WaitUntil([&] { return dialog->IsApplyEnabled(); }));
+        chooser.EnterName(after);
+        CloseModal(chooser.Window(), IDOK);
+        EXPECT_TRUE(TextBecomes(expected.box, after));
+        EXPECT_TRUE(ApplyBecomesEnabled());
         EXPECT_EQ(CurrentFolder(), folder);
 
         dialog->Apply();
-        auto signature = stored.Security.Digisig;
-        (expected.box == kImage.box ? signature.Image : signature.PFXFile) = after.Path();
-        EXPECT_EQ(dialog->Record().Security.Digisig, signature);
+        Signature applied = signature;
+        (expected.box == kImage.box ? applied.Image : applied.PFXFile) = after;
+        EXPECT_EQ(dialog->Record().Security.Digisig, applied);
     }
 }
 
 TEST_F(DigitalSignatureFiles, ChoosingCanBeCancelled) {
     const std::wstring folder = CurrentFolder();
-    stored.Security.Digisig.PFXFile = L"C:\\before";
-    stored.Security.Digisig.Image = L"C:\\before";
+    signature.PFXFile = L"C:\\before";
+    signature.Image = L"C:\\before";
     Open();
     for (const Chooser& expected : {kCertificate, kImage}) {
-        const FileChooser chooser = Press(expected);
+        const FileChooser chooser(OpenModal(expected.button));
         ASSERT_TRUE(chooser);
         chooser.EnterName(L"after");
-        CloseWith(chooser, IDCANCEL);
+        CloseModal(chooser.Window(), IDCANCEL);
         EXPECT_EQ(page.Text(expected.box), L"C:\\before");
         EXPECT_FALSE(dialog->IsApplyEnabled());
         EXPECT_EQ(CurrentFolder(), folder);
@@ -86,24 +73,24 @@ TEST_F(DigitalSignatureFiles, TheTypesOfFilesAreTranslated) {
     const LanguageFolder german(Translations{{kCertificate.type, L"Zertifikate (*.pfx; *.p12)"},
                                              {kImage.type, L"Alle Dateien (*.*)"}});
     Open(kGerman);
-    const FileChooser certificate = Press(kCertificate);
+    const FileChooser certificate(OpenModal(kCertificate.button));
     ASSERT_TRUE(certificate);
     EXPECT_EQ(certificate.Types(), std::vector<std::wstring>{L"Zertifikate (*.pfx; *.p12)"});
-    CloseWith(certificate, IDCANCEL);
-    const FileChooser image = Press(kImage);
+    CloseModal(certificate.Window(), IDCANCEL);
+    const FileChooser image(OpenModal(kImage.button));
     ASSERT_TRUE(image);
     EXPECT_EQ(image.Types(), std::vector<std::wstring>{L"Alle Dateien (*.*)"});
-    CloseWith(image, IDCANCEL);
+    CloseModal(image.Window(), IDCANCEL);
 }
 
 TEST_F(DigitalSignatureFiles, ChoosingOpensAlsoOnATextThatIsNoPath) {
-    stored.Security.Digisig.PFXFile = L"a<b>|c?*\"";
-    stored.Security.Digisig.Image = std::wstring(300, L'n');
+    signature.PFXFile = L"a<b>|c?*\"";
+    signature.Image = std::wstring(300, L'n');
     Open();
     for (const Chooser& expected : {kCertificate, kImage}) {
-        const FileChooser chooser = Press(expected);
+        const FileChooser chooser(OpenModal(expected.button));
         ASSERT_TRUE(chooser);
-        CloseWith(chooser, IDCANCEL);
+        CloseModal(chooser.Window(), IDCANCEL);
     }
 }
 

@@ -1,28 +1,19 @@
-#include "resources/ids/digital_signature.h"
-
 #include <gtest/gtest.h>
 
 #include <utility>
 #include <vector>
 
-#include "tests/pages/page_fixture.h"
+#include "tests/pages/digital_signature_page.h"
 #include "tests/support/language_folder.h"
 
 namespace vmk::test {
 namespace {
-
-using Signature = decltype(PrinterSettings::SecurityGroup::Digisig);
 
 // Every control but the switch itself.
 const std::vector<UINT> kSignatureControls = {
     204, 257, 258, 259, 260, 261, 262, 264, 263, 268, 269, 270, 271, 272, 273, 370, 216, 218, 219, 201, 220,
     221, 223, 368, 208, 364, 230, 365, 225, 366, 217, 367, 224, 202, 222, 232, 207, 211, 209, 212, 377, 213};
 const std::vector<UINT> kImageControls = {IDC_SIGNATURE_IMAGE, IDC_SIGNATURE_IMAGE_BROWSE};
-
-const std::vector<UINT> kLengths = {IDC_SIGNATURE_LEFT, IDC_SIGNATURE_TOP, IDC_SIGNATURE_WIDTH,
-                                    IDC_SIGNATURE_HEIGHT};
-const std::vector<UINT> kLengthSpins = {IDC_SIGNATURE_LEFT_SPIN, IDC_SIGNATURE_TOP_SPIN,
-                                        IDC_SIGNATURE_WIDTH_SPIN, IDC_SIGNATURE_HEIGHT_SPIN};
 
 const std::vector<std::pair<UINT, std::int32_t>> kFlagBoxes = {
     {IDC_SIGNATURE_SHOW_NAME, 0x100},
@@ -42,44 +33,6 @@ const std::vector<std::wstring> kReasons = {
     L"I agree to the terms defined by the placement of my signature on this document"};
 const std::vector<std::wstring> kUnits = {L"mm", L"inches", L"points"};
 const std::vector<std::wstring> kGraphics = {L"No Graphic", L"Image", L"Name"};
-
-std::vector<std::int32_t> Rectangle(const Signature& signature) {
-    return {signature.Left, signature.Top, signature.Width, signature.Height};
-}
-
-class DigitalSignaturePage : public PageTest {
-  protected:
-    DigitalSignaturePage() : PageTest(page_bit::kDigitalSign) { signature.Enable = 1; }
-
-    Signature Applied() const {
-        dialog->Apply();
-        return dialog->Record().Security.Digisig;
-    }
-
-    // Has the page store, whatever else was changed.
-    Signature Stored() const {
-        page.EnterText(IDC_SIGNATURE_LOCATION, L"here");
-        return Applied();
-    }
-
-    std::vector<std::wstring> ShownLengths() const {
-        std::vector<std::wstring> texts;
-        texts.reserve(kLengths.size());
-        for (const UINT length : kLengths) texts.push_back(page.Text(length));
-        return texts;
-    }
-
-    // The reason's box is the one inside the list.
-    HWND ReasonBox() const {
-        return FindWindowExW(page.Control(IDC_SIGNATURE_REASON), nullptr, L"Edit", nullptr);
-    }
-    void TypeReason(const std::wstring& reason) const {
-        SendMessageW(ReasonBox(), EM_SETSEL, 0, -1);
-        SendMessageW(ReasonBox(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(reason.c_str()));
-    }
-
-    Signature& signature = stored.Security.Digisig;
-};
 
 TEST_F(DigitalSignaturePage, HoldsItsControlsInTabOrder) {
     Open();
@@ -169,7 +122,7 @@ TEST_F(DigitalSignaturePage, OkStoresEverySettingForTheRegistry) {
     Open();
     page.EnterText(IDC_SIGNATURE_FILE, L"D:\\cert.p12");
     page.EnterText(IDC_SIGNATURE_PASSWORD, L"s\x00F6 long");
-    TypeReason(L"just so");
+    page.EnterText(IDC_SIGNATURE_REASON, L"just so");
     page.EnterText(IDC_SIGNATURE_LOCATION, L"Oslo");
     page.EnterText(IDC_SIGNATURE_CONTACT, L"you@example.com");
     page.EnterText(IDC_SIGNATURE_IMAGE, L"D:\\you.bmp");
@@ -215,7 +168,7 @@ TEST_F(DigitalSignaturePage, CancelKeepsWhatWasAppliedAndNoMore) {
     page.Choose(IDC_SIGNATURE_GRAPHIC, L"Name");
     dialog->Apply();
     page.Choose(IDC_SIGNATURE_GRAPHIC, L"Image");
-    TypeReason(L"no");
+    page.EnterText(IDC_SIGNATURE_REASON, L"no");
     page.EnterText(IDC_SIGNATURE_LEFT, L"99");
     EXPECT_EQ(dialog->Cancel(), 2);
     auto expected = signature;
@@ -320,12 +273,12 @@ TEST_F(DigitalSignaturePage, AGraphicOutsideItsListSelectsNothingAndStays) {
 
 TEST_F(DigitalSignaturePage, ATypedReasonIsStoredAsTyped) {
     Open();
-    TypeReason(L"  for the record ");
+    page.EnterText(IDC_SIGNATURE_REASON, L"  for the record ");
     EXPECT_TRUE(dialog->IsApplyEnabled());
     EXPECT_EQ(Applied().Reason, L"  for the record ");
-    TypeReason(std::wstring(40'000, L'r'));
+    page.EnterText(IDC_SIGNATURE_REASON, std::wstring(40'000, L'r'));
     EXPECT_TRUE(Applied().Reason == std::wstring(40'000, L'r'));
-    TypeReason(L"");
+    page.EnterText(IDC_SIGNATURE_REASON, L"");
     EXPECT_EQ(Applied().Reason, L"");
 }
 
@@ -338,189 +291,7 @@ TEST_F(DigitalSignaturePage, AReasonFromTheListIsStoredAsItsTextAlsoNone) {
     }
 }
 
-// The page number
-
-TEST_F(DigitalSignaturePage, ThePageNumberStepsByOneBetweenItsLimits) {
-    signature.Page = 1;
-    Open();
-    for (const wchar_t* expected : {L"0", L"-1", L"-1"}) {
-        page.SpinDown(IDC_SIGNATURE_PAGE_SPIN);
-        EXPECT_EQ(page.Text(IDC_SIGNATURE_PAGE), expected);
-    }
-    EXPECT_TRUE(dialog->IsApplyEnabled());
-    EXPECT_EQ(Applied().Page, -1);
-    page.EnterText(IDC_SIGNATURE_PAGE, L"2147483646");
-    for (int click = 0; click < 2; ++click) {
-        page.SpinUp(IDC_SIGNATURE_PAGE_SPIN);
-        EXPECT_EQ(page.Text(IDC_SIGNATURE_PAGE), L"2147483647");
-    }
-    EXPECT_EQ(Applied().Page, 2147483647);
-    page.EnterText(IDC_SIGNATURE_PAGE, L"-500");
-    page.SpinUp(IDC_SIGNATURE_PAGE_SPIN);
-    EXPECT_EQ(Applied().Page, -1);
-}
-
-TEST_F(DigitalSignaturePage, APageNumberOutsideItsLimitsGivesWayToTheLastStoredOne) {
-    signature.Page = 3;
-    Open();
-    page.EnterTextAndLeave(IDC_SIGNATURE_PAGE, L"-2", IDC_SIGNATURE_FILE);
-    EXPECT_EQ(page.Text(IDC_SIGNATURE_PAGE), L"3");
-    EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_SIGNATURE_PAGE)));
-    for (const std::int32_t accepted : {-1, 0, 2147483647}) {
-        page.EnterTextAndLeave(IDC_SIGNATURE_PAGE, std::to_wstring(accepted), IDC_SIGNATURE_FILE);
-        EXPECT_EQ(Applied().Page, accepted);
-    }
-}
-
-TEST_F(DigitalSignaturePage, TheNumberMinusOneCanBeTyped) {
-    signature.Page = 3;
-    Open();
-    page.Focus(IDC_SIGNATURE_PAGE);
-    SendMessageW(page.Control(IDC_SIGNATURE_PAGE), EM_SETSEL, 0, -1);
-    dialog->TypeText(L"-1");
-    ASSERT_TRUE(WaitUntil([&] { return page.Text(IDC_SIGNATURE_PAGE) == L"-1"; }));
-    page.Focus(IDC_SIGNATURE_FILE);
-    EXPECT_EQ(Applied().Page, -1);
-}
-
-// The rectangle
-
-TEST_F(DigitalSignaturePage, AnInchIsShownInEveryUnitAndStoredAlikeFromEach) {
-    signature.Left = signature.Top = signature.Width = signature.Height = 254;
-    Open();
-    const std::vector<std::pair<std::wstring, std::wstring>> units = {
-        {L"inches", L"1.000"},  {L"points", L"72.000"}, {L"mm", L"25.400"},
-        {L"points", L"72.000"}, {L"inches", L"1.000"},  {L"mm", L"25.400"}};
-    for (const auto& [unit, shown] : units) {
-        ASSERT_TRUE(page.Choose(IDC_SIGNATURE_UNITS, unit));
-        EXPECT_TRUE(dialog->IsApplyEnabled());
-        EXPECT_EQ(ShownLengths(), std::vector<std::wstring>(4, shown));
-        EXPECT_EQ(Rectangle(Applied()), std::vector<std::int32_t>(4, 254)) << testing::PrintToString(unit);
-    }
-}
-
-TEST_F(DigitalSignaturePage, ChoosingTheSameUnitChangesNothingButEnablesApply) {
-    Open();
-    page.EnterText(IDC_SIGNATURE_LEFT, L"7");
-    dialog->Apply();
-    page.Choose(IDC_SIGNATURE_UNITS, L"mm");
-    EXPECT_TRUE(dialog->IsApplyEnabled());
-    EXPECT_EQ(page.Text(IDC_SIGNATURE_LEFT), L"7");
-}
-
-TEST_F(DigitalSignaturePage, TheUnitConvertsWhatIsOnScreen) {
-    Open();
-    page.EnterText(IDC_SIGNATURE_LEFT, L"50.8");
-    page.EnterText(IDC_SIGNATURE_TOP, L"none");
-    page.EnterText(IDC_SIGNATURE_WIDTH, L"12.7 or so");
-    page.EnterText(IDC_SIGNATURE_HEIGHT, L"-25.4");
-    page.Choose(IDC_SIGNATURE_UNITS, L"inches");
-    EXPECT_EQ(ShownLengths(), (std::vector<std::wstring>{L"2.000", L"0.000", L"0.500", L"-1.000"}));
-}
-
-TEST_F(DigitalSignaturePage, ReopeningShowsMillimetresWhateverTheUnitWas) {
-    signature.Height = 127;
-    const std::vector<std::wstring> before = {L"25.400", L"25.400", L"50.800", L"12.700"};
-    const ScratchSettings target;
-    Open();
-    EXPECT_EQ(ShownLengths(), before);
-    page.Choose(IDC_SIGNATURE_UNITS, L"points");
-    EXPECT_EQ(dialog->Ok(), 1);
-    StoreInRegistry(target);
-    stored = target.Load();
-    Open();
-    EXPECT_EQ(page.Selected(IDC_SIGNATURE_UNITS), L"mm");
-    EXPECT_EQ(ShownLengths(), before);
-}
-
-TEST_F(DigitalSignaturePage, ATenthThatTheDecimalsOfAUnitFallShortOfIsCutOff) {
-    signature.Height = 168;
-    Open();
-    page.Choose(IDC_SIGNATURE_UNITS, L"points");
-    EXPECT_EQ(page.Text(IDC_SIGNATURE_HEIGHT), L"47.622");  // which is 16.79998 mm
-    EXPECT_EQ(Applied().Height, 167);
-}
-
-TEST_F(DigitalSignaturePage, LengthsAreStoredInTenthsOfAMillimetreWithTheRestCutOff) {
-    Open();
-    page.EnterText(IDC_SIGNATURE_LEFT, L"10.19");
-    page.EnterText(IDC_SIGNATURE_TOP, L"0.099");
-    page.EnterText(IDC_SIGNATURE_WIDTH, L"not a number");
-    page.EnterText(IDC_SIGNATURE_HEIGHT, L"1e12");
-    EXPECT_EQ(Rectangle(Applied()), (std::vector<std::int32_t>{101, 0, 0, 2147483647}));
-}
-
-TEST_F(DigitalSignaturePage, StoredLengthsSurviveUntouched) {
-    for (const std::int32_t length : {3, 7, 29, 57, 113, 1139, 2047, 14199}) {
-        signature.Left = length;
-        signature.Top = length + 1;
-        signature.Width = length * 2;
-        signature.Height = length * 3;
-        Open();
-        EXPECT_EQ(Rectangle(Stored()), Rectangle(signature)) << length;
-    }
-}
-
-TEST_F(DigitalSignaturePage, EachLengthHasItsOwnPlace) {
-    Open();
-    for (size_t index = 0; index < kLengths.size(); ++index)
-        page.EnterTextAndLeave(kLengths[index], std::to_wstring(index + 1), IDC_SIGNATURE_FILE);
-    EXPECT_EQ(ShownLengths(), (std::vector<std::wstring>{L"1.000", L"2.000", L"3.000", L"4.000"}));
-    EXPECT_EQ(Rectangle(Applied()), (std::vector<std::int32_t>{10, 20, 30, 40}));
-}
-
-TEST_F(DigitalSignaturePage, TheArrowsStepALengthByATenthAndNotBelowZero) {
-    Open();
-    for (size_t index = 0; index < kLengths.size(); ++index) {
-        page.EnterText(kLengths[index], L"5");
-        dialog->Apply();
-        page.SpinUp(kLengthSpins[index]);
-        EXPECT_EQ(page.Text(kLengths[index]), L"5.100");
-        EXPECT_TRUE(dialog->IsApplyEnabled());
-        page.EnterText(kLengths[index], L"0.15");
-        for (const wchar_t* expected : {L"0.050", L"0.000", L"0.000"}) {
-            page.SpinDown(kLengthSpins[index]);
-            EXPECT_EQ(page.Text(kLengths[index]), expected);
-        }
-    }
-    page.EnterText(IDC_SIGNATURE_LEFT, L"9999999999");
-    page.SpinUp(IDC_SIGNATURE_LEFT_SPIN);
-    EXPECT_EQ(page.Text(IDC_SIGNATURE_LEFT), L"2147483647.000");
-}
-
-TEST_F(DigitalSignaturePage, ALengthOutsideItsLimitsGivesWayToTheLastStoredOneInTheUnitOnScreen) {
-    signature.Left = 254;
-    Open();
-    page.EnterTextAndLeave(IDC_SIGNATURE_LEFT, L"-0.1", IDC_SIGNATURE_FILE);
-    EXPECT_EQ(page.Text(IDC_SIGNATURE_LEFT), L"25.400");
-    EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_SIGNATURE_LEFT)));
-    page.Choose(IDC_SIGNATURE_UNITS, L"points");
-    page.EnterTextAndLeave(IDC_SIGNATURE_LEFT, L"3000000000", IDC_SIGNATURE_FILE);
-    EXPECT_EQ(page.Text(IDC_SIGNATURE_LEFT), L"72.000");
-}
-
-TEST_F(DigitalSignaturePage, ARefusedLengthGivesWayToTheAppliedOne) {
-    signature.Left = 254;
-    Open();
-    page.EnterTextAndLeave(IDC_SIGNATURE_LEFT, L"30", IDC_SIGNATURE_FILE);
-    EXPECT_EQ(Applied().Left, 300);
-    page.EnterTextAndLeave(IDC_SIGNATURE_LEFT, L"-1", IDC_SIGNATURE_FILE);
-    EXPECT_EQ(page.Text(IDC_SIGNATURE_LEFT), L"30.000");
-    EXPECT_EQ(dialog->Ok(), 1);
-    EXPECT_EQ(dialog->Record().Security.Digisig.Left, 300);
-}
-
-TEST_F(DigitalSignaturePage, ARefusedLengthGivesWayToTheStoredOneAlsoAfterAnotherWasShownInTwoUnits) {
-    signature.Left = 254;
-    Open();
-    page.EnterTextAndLeave(IDC_SIGNATURE_LEFT, L"50.8", IDC_SIGNATURE_FILE);
-    page.Choose(IDC_SIGNATURE_UNITS, L"inches");
-    EXPECT_EQ(page.Text(IDC_SIGNATURE_LEFT), L"2.000");
-    page.EnterTextAndLeave(IDC_SIGNATURE_LEFT, L"-1", IDC_SIGNATURE_FILE);
-    EXPECT_EQ(page.Text(IDC_SIGNATURE_LEFT), L"1.000");
-}
-
-// The rest
+// Translation and the keyboard
 
 TEST_F(DigitalSignaturePage, TranslatedItemsKeepTheirValues) {
     const LanguageFolder german(Translations{

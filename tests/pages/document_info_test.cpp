@@ -2,11 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
 #include "tests/support/language_folder.h"
-#include "tests/support/live_dialog.h"
-#include "tests/support/wait.h"
+#include "tests/support/page_fixture.h"
 
 namespace vmk::test {
 namespace {
@@ -38,27 +35,20 @@ std::wstring TextOf(const Field& field) {
     return L"text of " + std::wstring(name.begin(), name.end());
 }
 
-class DocumentInfoPage : public testing::Test {
+class DocumentInfoPage : public PageTest {
   protected:
-    void Open(LANGID language = 0x0409) {
-        dialog.emplace(LiveDialog::Options{
-            .pages = page_bit::kDocumentInfo, .language = language, .settings = &settings});
-        page = dialog->VisiblePage();
-    }
+    DocumentInfoPage() : PageTest(page_bit::kDocumentInfo) {}
+
     void OpenFilled(int use) {
         settings.SetNumber("Info.Use", use);
         for (const Field& field : kFields) settings.SetText(field.name, TextOf(field));
-        Open();
+        OpenOn(settings);
     }
     std::wstring Recorded(const Field& field) const { return dialog->Record().Info.*field.member; }
-
-    ScratchSettings settings;
-    std::optional<LiveDialog> dialog;
-    LiveWindow page;
 };
 
 TEST_F(DocumentInfoPage, TheDefaultsShowEmptyEnabledTexts) {
-    Open();
+    OpenOn(settings);
     EXPECT_TRUE(page.IsChecked(IDC_DOCINFO_USE));
     EXPECT_TRUE(page.AreEnabled(kUsedOnly));
     for (const Field& field : kFields) EXPECT_EQ(page.Text(field.id), L"") << field.name;
@@ -71,7 +61,7 @@ TEST_F(DocumentInfoPage, ShowsEachTextInItsOwnBox) {
 }
 
 TEST_F(DocumentInfoPage, EachBoxEnablesApplyAndStoresItsOwnText) {
-    Open();
+    OpenOn(settings);
     for (const Field& field : kFields) {
         EXPECT_FALSE(dialog->IsApplyEnabled());
         page.EnterText(field.id, TextOf(field));
@@ -112,7 +102,7 @@ TEST_F(DocumentInfoPage, TheCheckBoxSwitchesAllElevenDependents) {
 TEST_F(DocumentInfoPage, TextsOfAnyLengthAreShownAndStoredWhole) {
     const std::wstring longText(70'000, L'x');
     settings.SetText("Info.Subject", longText);
-    Open();
+    OpenOn(settings);
     EXPECT_EQ(page.Text(IDC_DOCINFO_SUBJECT), longText);
     page.EnterText(IDC_DOCINFO_TITLE, L"y");
     EXPECT_EQ(dialog->Ok(), IDOK);
@@ -121,7 +111,7 @@ TEST_F(DocumentInfoPage, TextsOfAnyLengthAreShownAndStoredWhole) {
 
 TEST_F(DocumentInfoPage, TextsOfAnyLengthCanBeEntered) {
     const std::wstring longText(40'000, L'x');
-    Open();
+    OpenOn(settings);
     for (const Field& field : kFields) page.EnterText(field.id, longText);
     dialog->Apply();
     for (const Field& field : kFields) EXPECT_TRUE(Recorded(field) == longText) << field.name;
@@ -135,7 +125,7 @@ TEST_F(DocumentInfoPage, AnEmptiedBoxStoresTheEmptyText) {
 }
 
 TEST_F(DocumentInfoPage, TypedCharactersAreStored) {
-    Open();
+    OpenOn(settings);
     page.Focus(IDC_DOCINFO_KEYWORDS);
     dialog->TypeText(L"Print 1");
     ASSERT_TRUE(WaitUntil([&] { return page.Text(IDC_DOCINFO_KEYWORDS) == L"Print 1"; }));
@@ -144,7 +134,7 @@ TEST_F(DocumentInfoPage, TypedCharactersAreStored) {
 }
 
 TEST_F(DocumentInfoPage, CancelKeepsWhatWasApplied) {
-    Open();
+    OpenOn(settings);
     page.EnterText(IDC_DOCINFO_TITLE, L"first");
     dialog->Apply();
     page.EnterText(IDC_DOCINFO_TITLE, L"second");
@@ -153,7 +143,7 @@ TEST_F(DocumentInfoPage, CancelKeepsWhatWasApplied) {
 }
 
 TEST_F(DocumentInfoPage, TabAndEnterGoThroughTheBoxesFromTopToBottomAndRound) {
-    Open();
+    OpenOn(settings);
     const UINT ring[] = {IDC_DOCINFO_USE,      IDC_DOCINFO_TITLE,   IDC_DOCINFO_SUBJECT, IDC_DOCINFO_AUTHOR,
                          IDC_DOCINFO_KEYWORDS, IDC_DOCINFO_CREATOR, IDC_DOCINFO_USE};
     page.Focus(ring[0]);
@@ -169,7 +159,7 @@ TEST_F(DocumentInfoPage, TabAndEnterGoThroughTheBoxesFromTopToBottomAndRound) {
 TEST_F(DocumentInfoPage, AStoredTextIsNeverTranslated) {
     const LanguageFolder german({{L"Title:", L"Titel:"}, {L"text of Info.Title", L"falsch"}});
     settings.SetText("Info.Title", L"text of Info.Title");
-    Open(kGerman);
+    OpenOn(settings, kGerman);
     EXPECT_EQ(page.Text(IDC_DOCINFO_TITLE_LABEL), L"Titel:");
     EXPECT_EQ(page.Text(IDC_DOCINFO_TITLE), L"text of Info.Title");
 }

@@ -14,9 +14,8 @@
 
 #include "tests/support/counters.h"
 #include "tests/support/language_folder.h"
-#include "tests/support/live_dialog.h"
+#include "tests/support/page_fixture.h"
 #include "tests/support/test_font.h"
-#include "tests/support/wait.h"
 
 namespace vmk::test {
 namespace {
@@ -103,29 +102,25 @@ InstalledFaces Installed() {
 }
 
 // The page with some fonts installed that the tests are about, and the lists that its settings hold.
-class FontsPage : public testing::Test {
+class FontsPage : public PageTest {
   protected:
-    static constexpr PageSet kPages = page_bit::kFonts;
+    FontsPage() : PageTest(page_bit::kFonts) {}
 
-    static LiveWindow PageOf(const LiveDialog& dialog) { return dialog.Page(L"Fonts"); }
-
-    void StoreLists(const std::wstring& always, const std::wstring& never) const {
-        m_settings.SetText("Fonts.Embedd.Always", always);
-        m_settings.SetText("Fonts.Embedd.Never", never);
+    void OpenOnLists(const std::wstring& always, const std::wstring& never) {
+        settings.SetText("Fonts.Embedd.Always", always);
+        settings.SetText("Fonts.Embedd.Never", never);
+        OpenOn(settings);
     }
-    LiveDialog::Options Stored() const { return {.pages = kPages, .settings = &m_settings}; }
 
     const TestFont m_arial{{.family = L"Arial"}};
     const TestFont m_symbol{{.family = L"Symbol"}};
     const TestFont m_times{{.family = L"Times"}};
-    const ScratchSettings m_settings;
 };
 
 TEST_F(FontsPage, DefaultSettingsShowTheInstalledOnesOfTheNeverList) {
     // With outlines or not: a stored name only has to exist.
     const TestFont raster({.family = L"ZapfDingbats", .kind = FontRecipe::Kind::kRaster});
-    LiveDialog dialog({.pages = kPages});
-    const LiveWindow page = PageOf(dialog);
+    OpenWithoutLoading();
     const std::set<std::wstring> installed = Installed().all;
     Names expected;
     for (const wchar_t* const name : {L"Arial", L"Courier", L"Courier New", L"Helvetica", L"Symbol", L"Times",
@@ -138,13 +133,12 @@ TEST_F(FontsPage, DefaultSettingsShowTheInstalledOnesOfTheNeverList) {
     EXPECT_TRUE(page.IsChecked(IDC_FONTS_EMBED_PROTECTED));
     EXPECT_FALSE(page.IsChecked(IDC_FONTS_USE_ALWAYS));
     EXPECT_TRUE(page.IsChecked(IDC_FONTS_USE_NEVER));
-    EXPECT_FALSE(dialog.IsApplyEnabled());
+    EXPECT_FALSE(dialog->IsApplyEnabled());
 }
 
 TEST_F(FontsPage, OffersEveryOtherInstalledFaceOnce) {
-    StoreLists(L"", L"");
-    LiveDialog dialog(Stored());
-    const Names names = NamesIn(PageOf(dialog), IDC_FONTS_AVAILABLE);
+    OpenOnLists(L"", L"");
+    const Names names = NamesIn(page, IDC_FONTS_AVAILABLE);
     const std::set<std::wstring> installed = Installed().withOutlines;
     EXPECT_EQ(std::set<std::wstring>(names.begin(), names.end()), installed);
     EXPECT_EQ(names.size(), installed.size());
@@ -157,18 +151,16 @@ TEST_F(FontsPage, TheIconTellsWhatIsKnownOfTheFace) {
     const TestFont restricted({.family = L"Vmk Restricted", .embeddingLicence = 2});
     const TestFont previewOnly({.family = L"Vmk Preview", .embeddingLicence = 4});
     const TestFont vertical({.family = L"Vmk Vertical", .embeddingLicence = 2, .vertical = true});
-    LiveDialog dialog({.pages = kPages});
+    OpenWithoutLoading();
     EXPECT_THAT(
-        Items(PageOf(dialog), IDC_FONTS_AVAILABLE),
+        Items(page, IDC_FONTS_AVAILABLE),
         IsSupersetOf({Item{.name = L"Vmk Restricted", .icon = 2}, Item{.name = L"Vmk Preview", .icon = 0},
                       Item{.name = L"Vmk Vertical", .icon = 2}, Item{.name = L"@Vmk Vertical", .icon = 0}}));
 }
 
 TEST_F(FontsPage, ARasterFontIsNotOfferedButShownForAStoredList) {
     const TestFont raster({.family = L"Vmk Raster", .kind = FontRecipe::Kind::kRaster});
-    StoreLists(L"Vmk Raster", L"");
-    LiveDialog dialog(Stored());
-    const LiveWindow page = PageOf(dialog);
+    OpenOnLists(L"Vmk Raster", L"");
     EXPECT_THAT(NamesIn(page, IDC_FONTS_AVAILABLE), Not(Contains(L"Vmk Raster")));
     EXPECT_THAT(Items(page, IDC_FONTS_ALWAYS), ElementsAre(Item{.name = L"Vmk Raster", .icon = 4}));
 
@@ -177,14 +169,12 @@ TEST_F(FontsPage, ARasterFontIsNotOfferedButShownForAStoredList) {
 }
 
 TEST_F(FontsPage, ANameTwiceInAStoredListIsShownTwice) {
-    StoreLists(L"Arial;;Arial", L"");
-    LiveDialog dialog(Stored());
-    const LiveWindow page = PageOf(dialog);
+    OpenOnLists(L"Arial;;Arial", L"");
     EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), ElementsAre(L"Arial", L"Arial"));
     EXPECT_THAT(NamesIn(page, IDC_FONTS_AVAILABLE), Not(Contains(L"Arial")));
     page.Click(IDC_FONTS_EMBED_ALL);
-    dialog.Apply();
-    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"Arial;Arial");
+    dialog->Apply();
+    EXPECT_EQ(dialog->Record().Fonts.Embedd.Always, L"Arial;Arial");
 
     // Both go back, and both can be taken again.
     Move(page, IDC_FONTS_ALWAYS, {L"Arial"}, IDC_FONTS_REMOVE_ALWAYS);
@@ -192,49 +182,40 @@ TEST_F(FontsPage, ANameTwiceInAStoredListIsShownTwice) {
 }
 
 TEST_F(FontsPage, ANameThatTheOtherListHasTakenIsShownInBoth) {
-    StoreLists(L"Arial;Times", L"Symbol;Arial");
-    LiveDialog dialog(Stored());
-    const LiveWindow page = PageOf(dialog);
+    OpenOnLists(L"Arial;Times", L"Symbol;Arial");
     EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), ElementsAre(L"Arial", L"Times"));
     EXPECT_THAT(NamesIn(page, IDC_FONTS_NEVER), ElementsAre(L"Arial", L"Symbol"));
 }
 
 TEST_F(FontsPage, AStoredNameInAnotherCaseTakesTheInstalledFace) {
-    StoreLists(L"aRIAL;ARIAL", L"arial;times");
-    LiveDialog dialog(Stored());
-    const LiveWindow page = PageOf(dialog);
+    OpenOnLists(L"aRIAL;ARIAL", L"arial;times");
     // What is not on offer any more is found only under its exact name.
     EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), ElementsAre(L"Arial"));
     EXPECT_THAT(NamesIn(page, IDC_FONTS_NEVER), ElementsAre(L"Times"));
 }
 
 TEST_F(FontsPage, AStoredNameWithBlanksAroundItIsAnotherName) {
-    StoreLists(L"Arial; Times", L"");
-    LiveDialog dialog(Stored());
-    EXPECT_THAT(NamesIn(PageOf(dialog), IDC_FONTS_ALWAYS), ElementsAre(L"Arial"));
+    OpenOnLists(L"Arial; Times", L"");
+    EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), ElementsAre(L"Arial"));
 }
 
 TEST_F(FontsPage, AFontThatIsNotInstalledDisappearsWithTheNextStore) {
-    StoreLists(L"Arial;Vmk Nowhere", L"Vmk Nowhere;Times");
-    LiveDialog dialog(Stored());
-    const LiveWindow page = PageOf(dialog);
-    dialog.Apply();
-    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"Arial;Vmk Nowhere");
+    OpenOnLists(L"Arial;Vmk Nowhere", L"Vmk Nowhere;Times");
+    dialog->Apply();
+    EXPECT_EQ(dialog->Record().Fonts.Embedd.Always, L"Arial;Vmk Nowhere");
     page.Click(IDC_FONTS_EMBED_ALL);
-    dialog.Apply();
-    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"Arial");
-    EXPECT_EQ(dialog.Record().Fonts.Embedd.Never, L"Times");
+    dialog->Apply();
+    EXPECT_EQ(dialog->Record().Fonts.Embedd.Always, L"Arial");
+    EXPECT_EQ(dialog->Record().Fonts.Embedd.Never, L"Times");
 }
 
 TEST_F(FontsPage, NamesAreStoredInAscendingOrderHoweverTheyWereMoved) {
-    StoreLists(L"", L"");
-    LiveDialog dialog(Stored());
-    const LiveWindow page = PageOf(dialog);
+    OpenOnLists(L"", L"");
     for (const wchar_t* const name : {L"Times", L"Arial", L"Symbol"})
         Move(page, IDC_FONTS_AVAILABLE, {name}, IDC_FONTS_ADD_ALWAYS);
-    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"");
-    dialog.Apply();
-    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"Arial;Symbol;Times");
+    EXPECT_EQ(dialog->Record().Fonts.Embedd.Always, L"");
+    dialog->Apply();
+    EXPECT_EQ(dialog->Record().Fonts.Embedd.Always, L"Arial;Symbol;Times");
 }
 
 TEST_F(FontsPage, EachArrowMovesTheSelectedNamesAndTheirIcons) {
@@ -242,43 +223,37 @@ TEST_F(FontsPage, EachArrowMovesTheSelectedNamesAndTheirIcons) {
         UINT button, source, target;
     };
     const TestFont restricted({.family = L"Vmk Restricted", .embeddingLicence = 2});
-    StoreLists(L"", L"");
-    LiveDialog dialog(Stored());
-    const LiveWindow page = PageOf(dialog);
+    OpenOnLists(L"", L"");
     for (const Case& move : {Case{IDC_FONTS_ADD_ALWAYS, IDC_FONTS_AVAILABLE, IDC_FONTS_ALWAYS},
                              Case{IDC_FONTS_REMOVE_ALWAYS, IDC_FONTS_ALWAYS, IDC_FONTS_AVAILABLE},
                              Case{IDC_FONTS_ADD_NEVER, IDC_FONTS_AVAILABLE, IDC_FONTS_NEVER},
                              Case{IDC_FONTS_REMOVE_NEVER, IDC_FONTS_NEVER, IDC_FONTS_AVAILABLE}}) {
         const std::vector<Item> before = Items(page, move.source);
         Move(page, move.source, {L"Arial", L"Vmk Restricted"}, move.button);
-        EXPECT_TRUE(dialog.IsApplyEnabled()) << move.button;
-        dialog.Apply();
+        EXPECT_TRUE(dialog->IsApplyEnabled()) << move.button;
+        dialog->Apply();
         EXPECT_THAT(Items(page, move.target), IsSupersetOf({Item{.name = L"Arial", .icon = 0},
                                                             Item{.name = L"Vmk Restricted", .icon = 2}}))
             << move.button;
         EXPECT_EQ(Items(page, move.source).size(), before.size() - 2) << move.button;
         EXPECT_EQ(ListView_GetSelectedCount(page.Control(move.source)), 0U) << move.button;
     }
-    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"");
-    EXPECT_EQ(dialog.Record().Fonts.Embedd.Never, L"");
+    EXPECT_EQ(dialog->Record().Fonts.Embedd.Always, L"");
+    EXPECT_EQ(dialog->Record().Fonts.Embedd.Never, L"");
 }
 
 TEST_F(FontsPage, AnArrowWithNothingSelectedDoesNothing) {
-    StoreLists(L"Arial", L"Times");
-    LiveDialog dialog(Stored());
-    const LiveWindow page = PageOf(dialog);
+    OpenOnLists(L"Arial", L"Times");
     for (const UINT button : kMoveButtons) {
         page.Click(button);
-        EXPECT_FALSE(dialog.IsApplyEnabled()) << button;
+        EXPECT_FALSE(dialog->IsApplyEnabled()) << button;
     }
     EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), ElementsAre(L"Arial"));
     EXPECT_THAT(NamesIn(page, IDC_FONTS_NEVER), ElementsAre(L"Times"));
 }
 
 TEST_F(FontsPage, EverythingThatIsOfferedCanBeMovedAtOnce) {
-    StoreLists(L"", L"");
-    LiveDialog dialog(Stored());
-    const LiveWindow page = PageOf(dialog);
+    OpenOnLists(L"", L"");
     const Names offered = NamesIn(page, IDC_FONTS_AVAILABLE);
     Move(page, IDC_FONTS_AVAILABLE, offered, IDC_FONTS_ADD_NEVER);
     EXPECT_THAT(NamesIn(page, IDC_FONTS_AVAILABLE), IsEmpty());
@@ -286,46 +261,40 @@ TEST_F(FontsPage, EverythingThatIsOfferedCanBeMovedAtOnce) {
 }
 
 TEST_F(FontsPage, NamesAreSelectedByKeyboardAndMovedByMouse) {
-    StoreLists(L"Arial;Symbol;Times", L"");
-    LiveDialog dialog(Stored());
-    const LiveWindow page = PageOf(dialog);
+    OpenOnLists(L"Arial;Symbol;Times", L"");
     page.Focus(IDC_FONTS_ALWAYS);
-    dialog.PressKey(VK_HOME);
-    dialog.PressKey(VK_DOWN, {VK_SHIFT});
+    dialog->PressKey(VK_HOME);
+    dialog->PressKey(VK_DOWN, {VK_SHIFT});
     ASSERT_TRUE(WaitUntil([&] { return ListView_GetSelectedCount(page.Control(IDC_FONTS_ALWAYS)) == 2; }));
     page.MouseClick(IDC_FONTS_REMOVE_ALWAYS);
-    EXPECT_TRUE(WaitUntil([&] { return dialog.IsApplyEnabled(); }));
+    EXPECT_TRUE(WaitUntil([&] { return dialog->IsApplyEnabled(); }));
     EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), ElementsAre(L"Times"));
 }
 
 TEST_F(FontsPage, DefaultShowsTheDefaultsAndStoresThemOnlyWithApply) {
-    StoreLists(L"Arial;Times", L"Symbol");
-    for (const char* const box : {"Fonts.Embedd.All", "Fonts.Embedd.Use_Always"})
-        m_settings.SetNumber(box, 1);
+    for (const char* const box : {"Fonts.Embedd.All", "Fonts.Embedd.Use_Always"}) settings.SetNumber(box, 1);
     for (const char* const box : {"Fonts.Embedd.Protected", "Fonts.Embedd.Use_Never"})
-        m_settings.SetNumber(box, 0);
-    LiveDialog dialog(Stored());
-    const LiveWindow page = PageOf(dialog);
-    const PrinterSettings before = dialog.Record();
+        settings.SetNumber(box, 0);
+    OpenOnLists(L"Arial;Times", L"Symbol");
+    const PrinterSettings before = dialog->Record();
     page.Click(IDC_FONTS_DEFAULT);
-    EXPECT_TRUE(dialog.IsApplyEnabled());
-    EXPECT_EQ(dialog.Record(), before);
+    EXPECT_TRUE(dialog->IsApplyEnabled());
+    EXPECT_EQ(dialog->Record(), before);
     EXPECT_THAT(NamesIn(page, IDC_FONTS_ALWAYS), IsEmpty());
     EXPECT_THAT(NamesIn(page, IDC_FONTS_NEVER), IsSupersetOf({L"Arial", L"Symbol", L"Times"}));
     EXPECT_THAT(NamesIn(page, IDC_FONTS_AVAILABLE), Not(Contains(L"Arial")));
 
-    dialog.Apply();
-    const auto stored = dialog.Record().Fonts.Embedd;
-    EXPECT_EQ(stored.All, 0);
-    EXPECT_EQ(stored.Protected, 1);
-    EXPECT_EQ(stored.Use_Always, 0);
-    EXPECT_EQ(stored.Use_Never, 1);
-    EXPECT_EQ(stored.Always, L"");
+    dialog->Apply();
+    const auto applied = dialog->Record().Fonts.Embedd;
+    EXPECT_EQ(applied.All, 0);
+    EXPECT_EQ(applied.Protected, 1);
+    EXPECT_EQ(applied.Use_Always, 0);
+    EXPECT_EQ(applied.Use_Never, 1);
+    EXPECT_EQ(applied.Always, L"");
 }
 
 TEST_F(FontsPage, DefaultLooksForInstalledFontsAgain) {
-    LiveDialog dialog({.pages = kPages});
-    const LiveWindow page = PageOf(dialog);
+    OpenWithoutLoading();
     {
         const TestFont late({.family = L"Vmk Late"});
         EXPECT_THAT(NamesIn(page, IDC_FONTS_AVAILABLE), Not(Contains(L"Vmk Late")));
@@ -337,8 +306,7 @@ TEST_F(FontsPage, DefaultLooksForInstalledFontsAgain) {
 }
 
 TEST_F(FontsPage, LookingForInstalledFontsLeavesNoGdiObjectBehind) {
-    LiveDialog dialog({.pages = kPages});
-    const LiveWindow page = PageOf(dialog);
+    OpenWithoutLoading();
     page.Click(IDC_FONTS_DEFAULT);
     const std::size_t before = CountResources().gdiObjects;
     for (int i = 0; i < 5; ++i) page.Click(IDC_FONTS_DEFAULT);
@@ -347,8 +315,7 @@ TEST_F(FontsPage, LookingForInstalledFontsLeavesNoGdiObjectBehind) {
 }
 
 TEST_F(FontsPage, TheBoxesSwitchNothingElse) {
-    LiveDialog dialog({.pages = kPages});
-    const LiveWindow page = PageOf(dialog);
+    OpenWithoutLoading();
     for (const UINT box : kBoxes) {
         for (int click = 0; click < 2; ++click) {
             page.Click(box);
@@ -368,49 +335,43 @@ TEST_F(FontsPage, TheBoxesStoreZeroOrOne) {
                              Case{IDC_FONTS_EMBED_PROTECTED, "Fonts.Embedd.Protected"},
                              Case{IDC_FONTS_USE_ALWAYS, "Fonts.Embedd.Use_Always"},
                              Case{IDC_FONTS_USE_NEVER, "Fonts.Embedd.Use_Never"}}) {
-        m_settings.SetNumber(each.name, 7);
-        LiveDialog dialog(Stored());
-        const LiveWindow page = PageOf(dialog);
+        settings.SetNumber(each.name, 7);
+        OpenOn(settings);
         EXPECT_TRUE(page.IsChecked(each.box)) << each.name;
         page.Click(each.box);
-        dialog.Apply();
+        dialog->Apply();
         const ScratchSettings unchecked;
-        unchecked.Store(dialog.Record());
+        unchecked.Store(dialog->Record());
         EXPECT_EQ(unchecked.Number(each.name), 0) << each.name;
         page.Click(each.box);
-        dialog.Apply();
+        dialog->Apply();
         const ScratchSettings checked;
-        checked.Store(dialog.Record());
+        checked.Store(dialog->Record());
         EXPECT_EQ(checked.Number(each.name), 1) << each.name;
     }
 }
 
 TEST_F(FontsPage, OkStoresTheListsForTheRegistry) {
-    StoreLists(L"", L"Symbol");
-    LiveDialog dialog(Stored());
-    const LiveWindow page = PageOf(dialog);
+    OpenOnLists(L"", L"Symbol");
     Move(page, IDC_FONTS_AVAILABLE, {L"Times", L"Arial"}, IDC_FONTS_ADD_ALWAYS);
     Move(page, IDC_FONTS_NEVER, {L"Symbol"}, IDC_FONTS_REMOVE_NEVER);
-    EXPECT_EQ(dialog.Ok(), 1);
-    m_settings.Store(dialog.Record());
-    EXPECT_EQ(m_settings.Text("Fonts.Embedd.Always"), L"Arial;Times");
-    EXPECT_EQ(m_settings.Text("Fonts.Embedd.Never"), L"");
+    EXPECT_EQ(dialog->Ok(), 1);
+    settings.Store(dialog->Record());
+    EXPECT_EQ(settings.Text("Fonts.Embedd.Always"), L"Arial;Times");
+    EXPECT_EQ(settings.Text("Fonts.Embedd.Never"), L"");
 }
 
 TEST_F(FontsPage, CancelKeepsWhatWasAppliedBefore) {
-    StoreLists(L"", L"");
-    LiveDialog dialog(Stored());
-    const LiveWindow page = PageOf(dialog);
+    OpenOnLists(L"", L"");
     Move(page, IDC_FONTS_AVAILABLE, {L"Times"}, IDC_FONTS_ADD_ALWAYS);
-    dialog.Apply();
+    dialog->Apply();
     Move(page, IDC_FONTS_AVAILABLE, {L"Arial"}, IDC_FONTS_ADD_ALWAYS);
-    EXPECT_EQ(dialog.Cancel(), 2);
-    EXPECT_EQ(dialog.Record().Fonts.Embedd.Always, L"Times");
+    EXPECT_EQ(dialog->Cancel(), 2);
+    EXPECT_EQ(dialog->Record().Fonts.Embedd.Always, L"Times");
 }
 
 TEST_F(FontsPage, TheListsShareTheirIconsAndHaveOneColumnBesideWhichAScrollBarFits) {
-    LiveDialog dialog({.pages = kPages});
-    const LiveWindow page = PageOf(dialog);
+    OpenWithoutLoading();
     constexpr LONG kCommon =
         LVS_REPORT | LVS_SORTASCENDING | LVS_NOCOLUMNHEADER | LVS_SHAREIMAGELISTS | WS_TABSTOP;
     auto* const icons = ListView_GetImageList(page.Control(IDC_FONTS_AVAILABLE), LVSIL_SMALL);
@@ -432,16 +393,15 @@ TEST_F(FontsPage, TheListsShareTheirIconsAndHaveOneColumnBesideWhichAScrollBarFi
 }
 
 TEST_F(FontsPage, TabGoesThroughThePageInReadingOrder) {
-    LiveDialog dialog({.pages = kPages});
-    const LiveWindow page = PageOf(dialog);
+    OpenWithoutLoading();
     constexpr UINT kAfterTheFirst[] = {
         IDC_FONTS_EMBED_PROTECTED, IDC_FONTS_AVAILABLE, IDC_FONTS_ADD_ALWAYS, IDC_FONTS_REMOVE_ALWAYS,
         IDC_FONTS_USE_ALWAYS,      IDC_FONTS_ALWAYS,    IDC_FONTS_ADD_NEVER,  IDC_FONTS_REMOVE_NEVER,
         IDC_FONTS_USE_NEVER,       IDC_FONTS_NEVER,     IDC_FONTS_DEFAULT};
     page.Focus(IDC_FONTS_EMBED_ALL);
     for (const UINT id : kAfterTheFirst) {
-        dialog.PressKey(VK_TAB);
-        ASSERT_TRUE(dialog.FocusReaches(page.Control(id))) << id;
+        dialog->PressKey(VK_TAB);
+        ASSERT_TRUE(dialog->FocusReaches(page.Control(id))) << id;
     }
 }
 
@@ -449,8 +409,7 @@ TEST_F(FontsPage, TheTextsAreTranslatedButNotTheNamesOfFonts) {
     const LanguageFolder german({{L"Default", L"Standard"},
                                  {L"Never Embed Fonts:", L"Nie einbetten:"},
                                  {L"Arial", L"Not a text of the dialog"}});
-    LiveDialog dialog({.pages = kPages, .language = kGerman});
-    const LiveWindow page = PageOf(dialog);
+    OpenWithoutLoading(kGerman);
     EXPECT_EQ(page.Text(IDC_FONTS_DEFAULT), L"Standard");
     EXPECT_EQ(page.Text(IDC_FONTS_USE_NEVER), L"Nie einbetten:");
     EXPECT_THAT(NamesIn(page, IDC_FONTS_NEVER), Contains(L"Arial"));

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/pages/page_fixture.h"
 #include "tests/support/language_folder.h"
+#include "tests/support/page_fixture.h"
 
 namespace vmk::test {
 namespace {
@@ -69,7 +69,7 @@ TEST_F(GeneralPage, LabelsItsControls) {
 TEST_F(GeneralPage, NamesItsGroupsAndListsInFrontOfThem) {
     Open();
     std::vector<std::wstring> texts;
-    for (HWND child = GetWindow(page.Handle(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    for (HWND child : ChildrenOf(page.Handle())) {
         if (GetDlgCtrlID(child) == 0xFFFF || GetDlgCtrlID(child) == -1)
             texts.push_back(LiveWindow(child).Text());
     }
@@ -87,9 +87,8 @@ TEST_F(GeneralPage, ShowsTheStoredVersion) {
 }
 
 TEST_F(GeneralPage, AMissingVersionShowsAsVersion14) {
-    const ScratchSettings empty;
-    LiveDialog opened({.pages = page_bit::kGeneral, .settings = &empty});
-    EXPECT_TRUE(opened.VisiblePage().IsChecked(IDC_GENERAL_VERSION_14));
+    OpenOn(settings);
+    EXPECT_TRUE(page.IsChecked(IDC_GENERAL_VERSION_14));
 }
 
 TEST_F(GeneralPage, EachVersionButtonStoresItsVersion) {

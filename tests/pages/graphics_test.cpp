@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/pages/page_fixture.h"
 #include "tests/support/language_folder.h"
+#include "tests/support/page_fixture.h"
 
 namespace vmk::test {
 namespace {
@@ -93,9 +93,7 @@ TEST_F(GraphicsPage, LabelsItsControls) {
 }
 
 TEST_F(GraphicsPage, OpensWithTheDefaultsWhenNothingIsStored) {
-    const ScratchSettings empty;
-    LiveDialog opened({.pages = page_bit::kGraphics, .settings = &empty});
-    page = opened.VisiblePage();
+    OpenOn(settings);
     for (const DownsampleRow& row : kRows) {
         EXPECT_FALSE(page.IsChecked(row.use));
         EXPECT_TRUE(page.AreDisabled(row.dependents));
@@ -109,7 +107,7 @@ TEST_F(GraphicsPage, OpensWithTheDefaultsWhenNothingIsStored) {
     EXPECT_TRUE(page.IsChecked(IDC_GRAPHICS_DITHER_COLOR));
     EXPECT_TRUE(page.IsChecked(IDC_GRAPHICS_DITHER_INDEXED));
     EXPECT_EQ(page.Text(IDC_GRAPHICS_THRESHOLD), L"128");
-    EXPECT_FALSE(opened.IsApplyEnabled());
+    EXPECT_FALSE(dialog->IsApplyEnabled());
 }
 
 TEST_F(GraphicsPage, ShowsTheStoredValues) {

@@ -5,7 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "resources/ids/links.h"
-#include "tests/pages/page_fixture.h"
+#include "tests/support/color_chooser.h"
+#include "tests/support/page_fixture.h"
 
 namespace vmk::test {
 namespace {
@@ -26,52 +27,17 @@ RECT PlaceOnScreen(HWND window) {
     return rect;
 }
 
-void EnterColor(const LiveWindow& chooser, COLORREF color) {
-    chooser.EnterText(COLOR_RED, std::to_wstring(GetRValue(color)));
-    chooser.EnterText(COLOR_GREEN, std::to_wstring(GetGValue(color)));
-    chooser.EnterText(COLOR_BLUE, std::to_wstring(GetBValue(color)));
-}
-
-COLORREF EnteredColor(const LiveWindow& chooser) {
-    const auto number = [&](UINT id) { return std::stoi(chooser.Text(id)); };
-    return RGB(number(COLOR_RED), number(COLOR_GREEN), number(COLOR_BLUE));
-}
-
-// Clicks the first of the custom colours: the inside of the area's first cell.
-void ClickFirstCustomColor(const LiveWindow& chooser) {
-    RECT area = PlaceOnScreen(chooser.Control(COLOR_CUSTOM1));
-    MapWindowPoints(nullptr, chooser.Handle(), reinterpret_cast<POINT*>(&area), 2);
-    const LPARAM cell =
-        MAKELPARAM(area.left + (area.right - area.left) / 16, area.top + (area.bottom - area.top) / 4);
-    SendMessageW(chooser.Handle(), WM_LBUTTONDOWN, MK_LBUTTON, cell);
-    SendMessageW(chooser.Handle(), WM_LBUTTONUP, 0, cell);
-}
-
 class LinksColor : public PageTest {
   protected:
     LinksColor() : PageTest(page_bit::kLinks) { stored.Links.Border.Type = 1; }
 
     // Opens the page and then the chooser.
-    LiveWindow OpenChooser() {
+    ColorChooser OpenChooser() {
         Open();
         return PressColorButton();
     }
 
-    LiveWindow PressColorButton() const {
-        page.PostClick(IDC_LINKS_COLOR);
-        return dialog->WaitForModal();
-    }
-
-    // The owner is enabled again before the page goes on; the page's answer to Apply comes after that.
-    void CloseWith(const LiveWindow& chooser, UINT button) const {
-        chooser.PostClick(button);
-        ASSERT_TRUE(dialog->WaitUntilClosed(chooser));
-        ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(dialog->Main().Handle()) != FALSE; }));
-    }
-
-    bool ApplyBecomesEnabled() const {
-        return WaitUntil([&] { return dialog->IsApplyEnabled(); });
-    }
+    ColorChooser PressColorButton() const { return ColorChooser(OpenModal(IDC_LINKS_COLOR)); }
 
     // Has another control enable Apply, so that the page stores.
     std::int32_t StoredColor() const {
@@ -82,12 +48,12 @@ class LinksColor : public PageTest {
 
     void CheckOpensAtTheButton() const {
         const RECT button = PlaceOnScreen(page.Control(IDC_LINKS_COLOR));
-        const LiveWindow chooser = PressColorButton();
+        const ColorChooser chooser = PressColorButton();
         ASSERT_TRUE(chooser);
-        const RECT place = PlaceOnScreen(chooser.Handle());
+        const RECT place = PlaceOnScreen(chooser.Window().Handle());
         EXPECT_EQ(place.left, button.right);
         EXPECT_EQ(place.top, button.top);
-        CloseWith(chooser, IDCANCEL);
+        CloseModal(chooser.Window(), IDCANCEL);
     }
 };
 
@@ -122,11 +88,11 @@ TEST_F(LinksColor, TheChooserOpensAtTheButtonEvenIfPartOfItIsOffTheScreen) {
 
 TEST_F(LinksColor, OkShowsAndStoresTheChosenColor) {
     stored.Links.Border.Color = RGB(1, 2, 3);
-    const LiveWindow chooser = OpenChooser();
+    const ColorChooser chooser = OpenChooser();
     ASSERT_TRUE(chooser);
     const LRESULT faceBefore = SendMessageW(page.Control(IDC_LINKS_COLOR), BM_GETIMAGE, IMAGE_BITMAP, 0);
-    EnterColor(chooser, RGB(255, 128, 0));
-    CloseWith(chooser, IDOK);
+    chooser.EnterColor(RGB(255, 128, 0));
+    CloseModal(chooser.Window(), IDOK);
     EXPECT_TRUE(ApplyBecomesEnabled());
     EXPECT_TRUE(WaitUntil([&] {
         return SendMessageW(page.Control(IDC_LINKS_COLOR), BM_GETIMAGE, IMAGE_BITMAP, 0) != faceBefore;
@@ -143,19 +109,19 @@ TEST_F(LinksColor, OkShowsAndStoresTheChosenColor) {
 
 TEST_F(LinksColor, CancelInTheChooserLeavesTheColor) {
     stored.Links.Border.Color = RGB(1, 2, 3);
-    const LiveWindow chooser = OpenChooser();
+    const ColorChooser chooser = OpenChooser();
     ASSERT_TRUE(chooser);
-    EnterColor(chooser, RGB(255, 128, 0));
-    CloseWith(chooser, IDCANCEL);
+    chooser.EnterColor(RGB(255, 128, 0));
+    CloseModal(chooser.Window(), IDCANCEL);
     EXPECT_FALSE(dialog->IsApplyEnabled());
     EXPECT_EQ(StoredColor(), RGB(1, 2, 3));
 }
 
 TEST_F(LinksColor, CancelInTheDialogForgetsTheChosenColor) {
-    const LiveWindow chooser = OpenChooser();
+    const ColorChooser chooser = OpenChooser();
     ASSERT_TRUE(chooser);
-    EnterColor(chooser, RGB(255, 128, 0));
-    CloseWith(chooser, IDOK);
+    chooser.EnterColor(RGB(255, 128, 0));
+    CloseModal(chooser.Window(), IDOK);
     EXPECT_TRUE(ApplyBecomesEnabled());
     EXPECT_EQ(dialog->Cancel(), 2);
     EXPECT_EQ(dialog->Record().Links.Border.Color, 0);
@@ -163,16 +129,16 @@ TEST_F(LinksColor, CancelInTheDialogForgetsTheChosenColor) {
 
 TEST_F(LinksColor, TheChooserStartsWithTheColorThatWasChosenLast) {
     stored.Links.Border.Color = RGB(1, 2, 3);
-    const LiveWindow first = OpenChooser();
+    const ColorChooser first = OpenChooser();
     ASSERT_TRUE(first);
-    EXPECT_EQ(EnteredColor(first), RGB(1, 2, 3));
-    EnterColor(first, RGB(90, 80, 70));
-    CloseWith(first, IDOK);
+    EXPECT_EQ(first.EnteredColor(), RGB(1, 2, 3));
+    first.EnterColor(RGB(90, 80, 70));
+    CloseModal(first.Window(), IDOK);
     ASSERT_TRUE(ApplyBecomesEnabled());
-    const LiveWindow second = PressColorButton();
+    const ColorChooser second = PressColorButton();
     ASSERT_TRUE(second);
-    EXPECT_EQ(EnteredColor(second), RGB(90, 80, 70));
-    CloseWith(second, IDCANCEL);
+    EXPECT_EQ(second.EnteredColor(), RGB(90, 80, 70));
+    CloseModal(second.Window(), IDCANCEL);
 }
 
 TEST_F(LinksColor, DefaultMakesTheColorBlack) {
@@ -185,41 +151,34 @@ TEST_F(LinksColor, DefaultMakesTheColorBlack) {
 
 TEST_F(LinksColor, CustomColorsAreOfferedAgainUntilTheComponentIsUnloaded) {
     const LoadedModule keptLoaded;
-    const LiveWindow first = OpenChooser();
+    const ColorChooser first = OpenChooser();
     ASSERT_TRUE(first);
-    first.Click(COLOR_MIX);
-    EnterColor(first, RGB(11, 22, 33));
-    first.Click(COLOR_ADD);
-    CloseWith(first, IDCANCEL);
+    first.AddCustomColor(RGB(11, 22, 33));
+    CloseModal(first.Window(), IDCANCEL);
 
-    const LiveWindow second = OpenChooser();
+    const ColorChooser second = OpenChooser();
     ASSERT_TRUE(second);
-    ClickFirstCustomColor(second);
-    CloseWith(second, IDOK);
+    second.ClickFirstCustomColor();
+    CloseModal(second.Window(), IDOK);
     ASSERT_TRUE(ApplyBecomesEnabled());
     dialog->Apply();
     EXPECT_EQ(dialog->Record().Links.Border.Color, RGB(11, 22, 33));
 }
 
 TEST_F(LinksColor, EveryColorButBlackIsPreselected) {
-    const ScratchSettings settings;
+    prepare = [](IPdfPrinterPreferences&) {
+        SetWindowsHookExW(WH_CALLWNDPROC, RecordRequest, nullptr, GetCurrentThreadId());
+    };
     for (const std::int32_t color : {0x000000, 0x000001, 0xFFFFFF}) {
         stored.Links.Border.Color = color;
-        settings.Store(stored);
-        dialog.reset();
-        dialog.emplace(LiveDialog::Options{
-            .pages = page_bit::kLinks, .settings = &settings, .prepare = [](IPdfPrinterPreferences&) {
-                SetWindowsHookExW(WH_CALLWNDPROC, RecordRequest, nullptr, GetCurrentThreadId());
-            }});
-        page = dialog->VisiblePage();
         lastRequest = {};
-        const LiveWindow chooser = PressColorButton();
+        const ColorChooser chooser = OpenChooser();
         ASSERT_TRUE(chooser);
         EXPECT_EQ(lastRequest.lStructSize, sizeof(CHOOSECOLORW));
         EXPECT_EQ(lastRequest.hwndOwner, page.Handle());
         EXPECT_EQ((lastRequest.Flags & CC_RGBINIT) != 0, color != 0);
         EXPECT_EQ(lastRequest.rgbResult, static_cast<COLORREF>(color));
-        CloseWith(chooser, IDCANCEL);
+        CloseModal(chooser.Window(), IDCANCEL);
     }
 }
 

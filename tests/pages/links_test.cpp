@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/pages/page_fixture.h"
 #include "tests/support/language_folder.h"
+#include "tests/support/page_fixture.h"
 
 namespace vmk::test {
 namespace {

@@ -8,9 +8,10 @@
 #include <vector>
 
 #include "resources/ids/main.h"
-#include "tests/pages/file_chooser.h"
-#include "tests/pages/page_fixture.h"
+#include "tests/support/file_chooser.h"
 #include "tests/support/language_folder.h"
+#include "tests/support/page_fixture.h"
+#include "tests/support/temporary_folder.h"
 
 namespace vmk::test {
 namespace {
@@ -53,11 +54,6 @@ class OverlayPage : public PageTest {
     PrinterSettings::OverlayGroup Applied() const {
         dialog->Apply();
         return dialog->Record().Overlay;
-    }
-
-    FileChooser PressBrowse() const {
-        page.PostClick(IDC_OVERLAY_BROWSE);
-        return FileChooser(dialog->WaitForModal());
     }
 };
 
@@ -122,13 +118,11 @@ TEST_F(OverlayPage, TheFileCannotBeTypedAndThePasswordIsShownAsDots) {
 }
 
 TEST_F(OverlayPage, TheClickOnARepeatButtonEnablesApplyWhileThePageOpensAndTheDialogDisablesItAgain) {
-    const ScratchSettings settings;
-    settings.Store(stored);
     const int before = timesApplyWasEnabled;
-    dialog.emplace(LiveDialog::Options{
-        .pages = page_bit::kOverlay, .settings = &settings, .prepare = [](IPdfPrinterPreferences&) {
-            SetWindowsHookExW(WH_CALLWNDPROC, CountApply, nullptr, GetCurrentThreadId());
-        }});
+    prepare = [](IPdfPrinterPreferences&) {
+        SetWindowsHookExW(WH_CALLWNDPROC, CountApply, nullptr, GetCurrentThreadId());
+    };
+    Open();
     EXPECT_EQ(timesApplyWasEnabled, before + 1);
     EXPECT_FALSE(dialog->IsApplyEnabled());
 }
@@ -372,36 +366,33 @@ TEST_F(OverlayPage, TabVisitsTheControlsInOrderAndTheChosenButtonOfEachGroup) {
 // Browsing
 
 TEST_F(OverlayPage, BrowsingProposesTheFileAndShowsTheChosenPath) {
-    const ExistingFile before(L" before.pdf");
-    const ExistingFile after(L" after.pdf");
+    const TemporaryFolder files;
+    const std::wstring after = files.Write(L"after.pdf");
     const std::wstring folder = CurrentFolder();
-    stored.Overlay.File = before.Path();
+    stored.Overlay.File = files.Write(L"before.pdf");
     Open();
-    const FileChooser chooser = PressBrowse();
+    const FileChooser chooser(OpenModal(IDC_OVERLAY_BROWSE));
     ASSERT_TRUE(chooser);
     EXPECT_EQ(GetWindow(chooser.Window().Handle(), GW_OWNER), dialog->Main().Handle());
     EXPECT_TRUE(GetWindowLongW(chooser.Window().Handle(), GWL_STYLE) & WS_SIZEBOX);
-    EXPECT_EQ(chooser.ProposedName(), before.Name());
+    EXPECT_EQ(chooser.ProposedName(), L"before.pdf");
     EXPECT_EQ(chooser.Types(), std::vector<std::wstring>{L"Adobe PDF Files (*.pdf)"});
-    chooser.EnterName(after.Path());
-    chooser.Window().PostClick(IDOK);
-    ASSERT_TRUE(dialog->WaitUntilClosed(chooser.Window()));
-    EXPECT_TRUE(WaitUntil([&] { return page.Text(IDC_OVERLAY_FILE) == after.Path(); }));
-    EXPECT_TRUE(WaitUntil([&] { return dialog->IsApplyEnabled(); }));
+    chooser.EnterName(after);
+    CloseModal(chooser.Window(), IDOK);
+    EXPECT_TRUE(TextBecomes(IDC_OVERLAY_FILE, after));
+    EXPECT_TRUE(ApplyBecomesEnabled());
     EXPECT_EQ(CurrentFolder(), folder);
-    EXPECT_EQ(Applied().File, after.Path());
+    EXPECT_EQ(Applied().File, after);
 }
 
 TEST_F(OverlayPage, BrowsingCanBeCancelled) {
     const std::wstring folder = CurrentFolder();
     stored.Overlay.File = L"C:\\before.pdf";
     Open();
-    const FileChooser chooser = PressBrowse();
+    const FileChooser chooser(OpenModal(IDC_OVERLAY_BROWSE));
     ASSERT_TRUE(chooser);
     chooser.EnterName(L"after.pdf");
-    chooser.Window().PostClick(IDCANCEL);
-    ASSERT_TRUE(dialog->WaitUntilClosed(chooser.Window()));
-    ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(dialog->Main().Handle()) != FALSE; }));
+    CloseModal(chooser.Window(), IDCANCEL);
     EXPECT_EQ(page.Text(IDC_OVERLAY_FILE), L"C:\\before.pdf");
     EXPECT_FALSE(dialog->IsApplyEnabled());
     EXPECT_EQ(CurrentFolder(), folder);
@@ -412,11 +403,10 @@ TEST_F(OverlayPage, TheTypeOfFilesIsTranslated) {
         Translations{{L"Adobe PDF Files (*.pdf)", L"Adobe-PDF-Dateien (*.pdf)"}, {L"Left", L"Links"}});
     Open(kGerman);
     EXPECT_EQ(page.Text(IDC_OVERLAY_LEFT), L"Links");
-    const FileChooser chooser = PressBrowse();
+    const FileChooser chooser(OpenModal(IDC_OVERLAY_BROWSE));
     ASSERT_TRUE(chooser);
     EXPECT_EQ(chooser.Types(), std::vector<std::wstring>{L"Adobe-PDF-Dateien (*.pdf)"});
-    chooser.Window().PostClick(IDCANCEL);
-    ASSERT_TRUE(dialog->WaitUntilClosed(chooser.Window()));
+    CloseModal(chooser.Window(), IDCANCEL);
 }
 
 }  // namespace

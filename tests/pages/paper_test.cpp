@@ -2,12 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
 #include "resources/ids/main.h"
 #include "tests/support/language_folder.h"
-#include "tests/support/live_dialog.h"
-#include "tests/support/wait.h"
+#include "tests/support/page_fixture.h"
 
 namespace vmk::test {
 namespace {
@@ -17,14 +14,14 @@ using Texts = std::vector<std::wstring>;
 const std::vector<UINT> kOrderLists = {IDC_PAPER_NO_ORDER, IDC_PAPER_ORDER_OF_TWO, IDC_PAPER_ORDER_OF_MORE};
 
 // The Paper page, opened on what the settings hold.
-class PaperPage : public testing::Test {
+class PaperPage : public PageTest {
   protected:
-    void Open(int count, int order, LANGID language = 0x0409) {
-        m_settings.SetNumber("Paper.Nup", count);
-        m_settings.SetNumber("Paper.NupOrder", order);
-        dialog.emplace(
-            LiveDialog::Options{.pages = page_bit::kPaper, .language = language, .settings = &m_settings});
-        page = dialog->VisiblePage();
+    PaperPage() : PageTest(page_bit::kPaper) {}
+
+    void Open(int count, int order, LANGID language = kEnglish) {
+        settings.SetNumber("Paper.Nup", count);
+        settings.SetNumber("Paper.NupOrder", order);
+        OpenOn(settings, language);
     }
 
     std::vector<UINT> ShownOrderLists() const {
@@ -44,12 +41,6 @@ class PaperPage : public testing::Test {
     }
 
     void MakeApplyEnabled() const { EnableWindow(dialog->Main().Control(IDC_MAIN_APPLY), TRUE); }
-
-    std::optional<LiveDialog> dialog;
-    LiveWindow page;
-
-  private:
-    ScratchSettings m_settings;
 };
 
 TEST_F(PaperPage, OffersItsCountsAndOrders) {

@@ -2,15 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "tests/support/language_folder.h"
-#include "tests/support/live_dialog.h"
-#include "tests/support/loaded_module.h"
-#include "tests/support/wait.h"
+#include "tests/support/page_fixture.h"
 
 namespace vmk::test {
 namespace {
@@ -28,16 +25,21 @@ const std::vector<UINT> kDependents = {
 const std::vector<UINT> kUserPassword = {IDC_SECURITY_USER_PASSWORD_LABEL, IDC_SECURITY_USER_PASSWORD};
 const std::vector<UINT> kOwnerPassword = {IDC_SECURITY_OWNER_PASSWORD_LABEL, IDC_SECURITY_OWNER_PASSWORD};
 
-// The Security page of a dialog of its own, opened on a record.
-struct OpenPage {
-    explicit OpenPage(const PrinterSettings& record = {}, LANGID language = 0x0409) {
-        settings.Store(record);
-        dialog = std::make_unique<LiveDialog>(
-            LiveDialog::Options{.pages = page_bit::kSecurity, .language = language, .settings = &settings});
-        page = dialog->VisiblePage();
-        for (HWND child = GetWindow(page.Control(IDC_SECURITY_PANELS), GW_CHILD); child;
-             child = GetWindow(child, GW_HWNDNEXT))
-            (GetDlgItem(child, IDC_SECURITY_40_PRINTING) ? panel40 : panel128) = LiveWindow(child);
+PrinterSettings Secured(std::int32_t level = 128) {
+    PrinterSettings record;
+    record.Security.Use = 1;
+    record.Security.Level = level;
+    return record;
+}
+
+class SecurityPage : public PageTest {
+  protected:
+    SecurityPage() : PageTest(page_bit::kSecurity) {}
+
+    void OpenWith(const PrinterSettings& record, LANGID language = kEnglish) {
+        PageTest::OpenWith(record, language);
+        for (HWND panel : ChildrenOf(page.Control(IDC_SECURITY_PANELS)))
+            (GetDlgItem(panel, IDC_SECURITY_40_PRINTING) ? panel40 : panel128) = LiveWindow(panel);
     }
 
     // What of the permissions is on screen.
@@ -48,178 +50,168 @@ struct OpenPage {
         return visible;
     }
 
-    ScratchSettings settings;
-    std::unique_ptr<LiveDialog> dialog;
-    LiveWindow page;
     LiveWindow panel40;
     LiveWindow panel128;
 };
 
-PrinterSettings Secured(std::int32_t level = 128) {
-    PrinterSettings record;
-    record.Security.Use = 1;
-    record.Security.Level = level;
-    return record;
-}
-
-TEST(SecurityPage, WithoutSecurityEverythingElseIsDisabledAndNoPermissionsAreShown) {
+TEST_F(SecurityPage, WithoutSecurityEverythingElseIsDisabledAndNoPermissionsAreShown) {
     for (const std::int32_t level : {40, 128}) {
         PrinterSettings record = Secured(level);
         record.Security.Use = 0;
         record.Security.UserPwd = L"user";
-        const OpenPage open(record);
-        EXPECT_FALSE(open.page.IsChecked(IDC_SECURITY_USE));
-        EXPECT_TRUE(open.page.AreDisabled(kDependents));
-        EXPECT_FALSE(open.page.IsShown(IDC_SECURITY_PANELS));
-        EXPECT_EQ(open.VisiblePanels(), "");
-        EXPECT_TRUE(open.page.IsChecked(IDC_SECURITY_USE_USER_PASSWORD));
-        EXPECT_FALSE(open.page.IsChecked(IDC_SECURITY_USE_OWNER_PASSWORD));
+        OpenWith(record);
+        EXPECT_FALSE(page.IsChecked(IDC_SECURITY_USE));
+        EXPECT_TRUE(page.AreDisabled(kDependents));
+        EXPECT_FALSE(page.IsShown(IDC_SECURITY_PANELS));
+        EXPECT_EQ(VisiblePanels(), "");
+        EXPECT_TRUE(page.IsChecked(IDC_SECURITY_USE_USER_PASSWORD));
+        EXPECT_FALSE(page.IsChecked(IDC_SECURITY_USE_OWNER_PASSWORD));
 
-        open.page.Click(IDC_SECURITY_USE);
-        EXPECT_EQ(open.VisiblePanels(), std::to_string(level));
-        EXPECT_TRUE(open.page.AreEnabled(kUserPassword));
-        EXPECT_TRUE(open.page.AreDisabled(kOwnerPassword));
+        page.Click(IDC_SECURITY_USE);
+        EXPECT_EQ(VisiblePanels(), std::to_string(level));
+        EXPECT_TRUE(page.AreEnabled(kUserPassword));
+        EXPECT_TRUE(page.AreDisabled(kOwnerPassword));
     }
 }
 
-TEST(SecurityPage, AStoredPasswordChecksItsBoxAndEnablesItsEdit) {
+TEST_F(SecurityPage, AStoredPasswordChecksItsBoxAndEnablesItsEdit) {
     for (const bool user : {false, true}) {
         for (const bool owner : {false, true}) {
             PrinterSettings record = Secured();
             if (user) record.Security.UserPwd = L"user";
             if (owner) record.Security.OwnerPwd = L"owner";
-            const OpenPage open(record);
-            EXPECT_EQ(open.page.IsChecked(IDC_SECURITY_USE_USER_PASSWORD), user);
-            EXPECT_EQ(open.page.IsChecked(IDC_SECURITY_USE_OWNER_PASSWORD), owner);
-            EXPECT_EQ(open.page.AreEnabled(kUserPassword), user);
-            EXPECT_EQ(open.page.AreDisabled(kUserPassword), !user);
-            EXPECT_EQ(open.page.AreEnabled(kOwnerPassword), owner);
-            EXPECT_EQ(open.page.AreDisabled(kOwnerPassword), !owner);
-            EXPECT_EQ(open.page.Text(IDC_SECURITY_USER_PASSWORD), user ? L"user" : L"");
-            EXPECT_EQ(open.page.Text(IDC_SECURITY_OWNER_PASSWORD), owner ? L"owner" : L"");
+            OpenWith(record);
+            EXPECT_EQ(page.IsChecked(IDC_SECURITY_USE_USER_PASSWORD), user);
+            EXPECT_EQ(page.IsChecked(IDC_SECURITY_USE_OWNER_PASSWORD), owner);
+            EXPECT_EQ(page.AreEnabled(kUserPassword), user);
+            EXPECT_EQ(page.AreDisabled(kUserPassword), !user);
+            EXPECT_EQ(page.AreEnabled(kOwnerPassword), owner);
+            EXPECT_EQ(page.AreDisabled(kOwnerPassword), !owner);
+            EXPECT_EQ(page.Text(IDC_SECURITY_USER_PASSWORD), user ? L"user" : L"");
+            EXPECT_EQ(page.Text(IDC_SECURITY_OWNER_PASSWORD), owner ? L"owner" : L"");
         }
     }
 }
 
-TEST(SecurityPage, AnyStoredNumberButZeroIsSecurity) {
+TEST_F(SecurityPage, AnyStoredNumberButZeroIsSecurity) {
     PrinterSettings record = Secured();
     record.Security.Use = 7;
-    const OpenPage open(record);
-    EXPECT_TRUE(open.page.IsChecked(IDC_SECURITY_USE));
-    EXPECT_EQ(open.VisiblePanels(), "128");
+    OpenWith(record);
+    EXPECT_TRUE(page.IsChecked(IDC_SECURITY_USE));
+    EXPECT_EQ(VisiblePanels(), "128");
 }
 
-TEST(SecurityPage, SecurityOffHidesThePermissionsAndOnBringsTheSamePanelBack) {
-    const OpenPage open(Secured(40));
-    open.page.Click(IDC_SECURITY_USE);
-    EXPECT_TRUE(open.page.AreDisabled(kDependents));
-    EXPECT_EQ(open.VisiblePanels(), "");
-    EXPECT_TRUE(open.dialog->IsApplyEnabled());
-    open.dialog->Apply();
-    open.page.Click(IDC_SECURITY_USE);
-    EXPECT_EQ(open.VisiblePanels(), "40");
-    EXPECT_TRUE(open.dialog->IsApplyEnabled());
+TEST_F(SecurityPage, SecurityOffHidesThePermissionsAndOnBringsTheSamePanelBack) {
+    OpenWith(Secured(40));
+    page.Click(IDC_SECURITY_USE);
+    EXPECT_TRUE(page.AreDisabled(kDependents));
+    EXPECT_EQ(VisiblePanels(), "");
+    EXPECT_TRUE(dialog->IsApplyEnabled());
+    dialog->Apply();
+    page.Click(IDC_SECURITY_USE);
+    EXPECT_EQ(VisiblePanels(), "40");
+    EXPECT_TRUE(dialog->IsApplyEnabled());
 }
 
-TEST(SecurityPage, ThePasswordBoxesEnableTheirEditsAndApply) {
+TEST_F(SecurityPage, ThePasswordBoxesEnableTheirEditsAndApply) {
     for (const auto& [box, dependents] :
          {std::pair<UINT, std::vector<UINT>>(IDC_SECURITY_USE_USER_PASSWORD, kUserPassword),
           std::pair<UINT, std::vector<UINT>>(IDC_SECURITY_USE_OWNER_PASSWORD, kOwnerPassword)}) {
-        const OpenPage open(Secured());
-        open.page.Click(box);
-        EXPECT_TRUE(open.page.AreEnabled(dependents));
-        EXPECT_TRUE(open.dialog->IsApplyEnabled());
-        open.page.Click(box);
-        EXPECT_TRUE(open.page.AreDisabled(dependents));
+        OpenWith(Secured());
+        page.Click(box);
+        EXPECT_TRUE(page.AreEnabled(dependents));
+        EXPECT_TRUE(dialog->IsApplyEnabled());
+        page.Click(box);
+        EXPECT_TRUE(page.AreDisabled(dependents));
     }
 }
 
-TEST(SecurityPage, TheLevelSwapsThePanelsButDoesNotEnableApply) {
-    const OpenPage open(Secured());
-    EXPECT_EQ(open.page.Items(IDC_SECURITY_LEVEL), (std::vector{k40Text, k128Text}));
-    EXPECT_EQ(open.page.Selected(IDC_SECURITY_LEVEL), k128Text);
-    ASSERT_TRUE(open.page.Choose(IDC_SECURITY_LEVEL, k40Text));
-    EXPECT_EQ(open.VisiblePanels(), "40");
-    ASSERT_TRUE(open.page.Choose(IDC_SECURITY_LEVEL, k128Text));
-    EXPECT_EQ(open.VisiblePanels(), "128");
-    EXPECT_FALSE(open.dialog->IsApplyEnabled());
+TEST_F(SecurityPage, TheLevelSwapsThePanelsButDoesNotEnableApply) {
+    OpenWith(Secured());
+    EXPECT_EQ(page.Items(IDC_SECURITY_LEVEL), (std::vector{k40Text, k128Text}));
+    EXPECT_EQ(page.Selected(IDC_SECURITY_LEVEL), k128Text);
+    ASSERT_TRUE(page.Choose(IDC_SECURITY_LEVEL, k40Text));
+    EXPECT_EQ(VisiblePanels(), "40");
+    ASSERT_TRUE(page.Choose(IDC_SECURITY_LEVEL, k128Text));
+    EXPECT_EQ(VisiblePanels(), "128");
+    EXPECT_FALSE(dialog->IsApplyEnabled());
 }
 
-TEST(SecurityPage, TheLevelAloneIsNotStored) {
-    const OpenPage open(Secured());
-    open.page.Choose(IDC_SECURITY_LEVEL, k40Text);
-    EXPECT_EQ(open.dialog->Ok(), 1);
-    EXPECT_EQ(open.dialog->Record(), Secured());
+TEST_F(SecurityPage, TheLevelAloneIsNotStored) {
+    OpenWith(Secured());
+    page.Choose(IDC_SECURITY_LEVEL, k40Text);
+    EXPECT_EQ(dialog->Ok(), 1);
+    EXPECT_EQ(dialog->Record(), Secured());
 }
 
-TEST(SecurityPage, TheLevelIsStoredTogetherWithAnotherChange) {
+TEST_F(SecurityPage, TheLevelIsStoredTogetherWithAnotherChange) {
     for (const std::int32_t level : {40, 128}) {
-        const OpenPage open(Secured(168 - level));
-        open.page.Choose(IDC_SECURITY_LEVEL, level == 40 ? k40Text : k128Text);
-        open.page.Click(IDC_SECURITY_USE_USER_PASSWORD);
-        open.dialog->Apply();
-        EXPECT_EQ(open.dialog->Record(), Secured(level));
+        OpenWith(Secured(168 - level));
+        page.Choose(IDC_SECURITY_LEVEL, level == 40 ? k40Text : k128Text);
+        page.Click(IDC_SECURITY_USE_USER_PASSWORD);
+        dialog->Apply();
+        EXPECT_EQ(dialog->Record(), Secured(level));
     }
 }
 
-TEST(SecurityPage, AnUnknownLevelSelectsNothingAndShowsThe128BitPermissions) {
-    const OpenPage open(Secured(56));
-    EXPECT_EQ(open.page.Selected(IDC_SECURITY_LEVEL), L"");
-    EXPECT_EQ(open.VisiblePanels(), "128");
-    open.page.Click(IDC_SECURITY_USE);
-    open.page.Click(IDC_SECURITY_USE);
-    EXPECT_EQ(open.VisiblePanels(), "128");
-    open.dialog->Apply();
-    EXPECT_EQ(open.dialog->Record().Security.Level, -1);
+TEST_F(SecurityPage, AnUnknownLevelSelectsNothingAndShowsThe128BitPermissions) {
+    OpenWith(Secured(56));
+    EXPECT_EQ(page.Selected(IDC_SECURITY_LEVEL), L"");
+    EXPECT_EQ(VisiblePanels(), "128");
+    page.Click(IDC_SECURITY_USE);
+    page.Click(IDC_SECURITY_USE);
+    EXPECT_EQ(VisiblePanels(), "128");
+    dialog->Apply();
+    EXPECT_EQ(dialog->Record().Security.Level, -1);
 }
 
-TEST(SecurityPage, AMessageWithoutSelectionLeavesThePanelsAlone) {
-    const OpenPage open(Secured(40));
-    SendMessageW(open.page.Control(IDC_SECURITY_LEVEL), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
-    SendMessageW(open.page.Handle(), WM_COMMAND, MAKEWPARAM(IDC_SECURITY_LEVEL, CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(open.page.Control(IDC_SECURITY_LEVEL)));
-    EXPECT_EQ(open.VisiblePanels(), "40");
+TEST_F(SecurityPage, AMessageWithoutSelectionLeavesThePanelsAlone) {
+    OpenWith(Secured(40));
+    SendMessageW(page.Control(IDC_SECURITY_LEVEL), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+    SendMessageW(page.Handle(), WM_COMMAND, MAKEWPARAM(IDC_SECURITY_LEVEL, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(page.Control(IDC_SECURITY_LEVEL)));
+    EXPECT_EQ(VisiblePanels(), "40");
 }
 
-TEST(SecurityPage, PasswordsAreStoredWhole) {
-    const OpenPage open(Secured());
+TEST_F(SecurityPage, PasswordsAreStoredWhole) {
+    OpenWith(Secured());
     const std::wstring longPassword(5000, L'p');
-    open.page.Click(IDC_SECURITY_USE_USER_PASSWORD);
-    open.page.Click(IDC_SECURITY_USE_OWNER_PASSWORD);
-    open.page.EnterText(IDC_SECURITY_USER_PASSWORD, L"open sesame");
-    open.page.EnterText(IDC_SECURITY_OWNER_PASSWORD, longPassword);
-    open.dialog->Apply();
-    const PrinterSettings record = open.dialog->Record();
+    page.Click(IDC_SECURITY_USE_USER_PASSWORD);
+    page.Click(IDC_SECURITY_USE_OWNER_PASSWORD);
+    page.EnterText(IDC_SECURITY_USER_PASSWORD, L"open sesame");
+    page.EnterText(IDC_SECURITY_OWNER_PASSWORD, longPassword);
+    dialog->Apply();
+    const PrinterSettings record = dialog->Record();
     EXPECT_EQ(record.Security.UserPwd, L"open sesame");
     EXPECT_EQ(record.Security.OwnerPwd, longPassword);
 }
 
-TEST(SecurityPage, APasswordThatIsNoLongerRequiredIsKept) {
-    const OpenPage open(Secured());
-    open.page.Click(IDC_SECURITY_USE_USER_PASSWORD);
-    open.page.EnterText(IDC_SECURITY_USER_PASSWORD, L"secret");
-    open.page.Click(IDC_SECURITY_USE_USER_PASSWORD);
-    EXPECT_EQ(open.dialog->Ok(), 1);
-    EXPECT_EQ(open.dialog->Record().Security.UserPwd, L"secret");
+TEST_F(SecurityPage, APasswordThatIsNoLongerRequiredIsKept) {
+    OpenWith(Secured());
+    page.Click(IDC_SECURITY_USE_USER_PASSWORD);
+    page.EnterText(IDC_SECURITY_USER_PASSWORD, L"secret");
+    page.Click(IDC_SECURITY_USE_USER_PASSWORD);
+    EXPECT_EQ(dialog->Ok(), 1);
+    EXPECT_EQ(dialog->Record().Security.UserPwd, L"secret");
 }
 
-TEST(SecurityPage, ARequiredPasswordMayBeEmpty) {
-    const OpenPage open(Secured());
-    open.page.Click(IDC_SECURITY_USE_OWNER_PASSWORD);
-    open.dialog->Apply();
-    EXPECT_EQ(open.dialog->Record(), Secured());
-    EXPECT_TRUE(open.page.IsChecked(IDC_SECURITY_USE_OWNER_PASSWORD));
+TEST_F(SecurityPage, ARequiredPasswordMayBeEmpty) {
+    OpenWith(Secured());
+    page.Click(IDC_SECURITY_USE_OWNER_PASSWORD);
+    dialog->Apply();
+    EXPECT_EQ(dialog->Record(), Secured());
+    EXPECT_TRUE(page.IsChecked(IDC_SECURITY_USE_OWNER_PASSWORD));
 }
 
-TEST(SecurityPage, PasswordsShowAsDots) {
-    const OpenPage open(Secured());
+TEST_F(SecurityPage, PasswordsShowAsDots) {
+    OpenWith(Secured());
     for (const UINT id : std::vector<UINT>{IDC_SECURITY_USER_PASSWORD, IDC_SECURITY_OWNER_PASSWORD}) {
-        EXPECT_TRUE(GetWindowLongW(open.page.Control(id), GWL_STYLE) & ES_PASSWORD);
-        EXPECT_NE(SendMessageW(open.page.Control(id), EM_GETPASSWORDCHAR, 0, 0), 0);
+        EXPECT_TRUE(GetWindowLongW(page.Control(id), GWL_STYLE) & ES_PASSWORD);
+        EXPECT_NE(SendMessageW(page.Control(id), EM_GETPASSWORDCHAR, 0, 0), 0);
     }
 }
 
-TEST(SecurityPage, EachPermissionFlagIsShownAndStoredOnItsOwn) {
+TEST_F(SecurityPage, EachPermissionFlagIsShownAndStoredOnItsOwn) {
     using Security = PrinterSettings::SecurityGroup;
     const struct {
         UINT id;
@@ -235,22 +227,22 @@ TEST(SecurityPage, EachPermissionFlagIsShownAndStoredOnItsOwn) {
     for (const auto& row : rows) {
         PrinterSettings record = Secured();
         row.field(record.Security) = 1;
-        const OpenPage open(record);
+        OpenWith(record);
         for (const auto& other : rows) {
-            const LiveWindow& panel = other.id >= IDC_SECURITY_128_CHANGES ? open.panel128 : open.panel40;
+            const LiveWindow& panel = other.id >= IDC_SECURITY_128_CHANGES ? panel128 : panel40;
             EXPECT_EQ(panel.IsChecked(other.id), other.id == row.id) << row.id << " " << other.id;
             panel.Click(other.id);
         }
-        EXPECT_TRUE(open.dialog->IsApplyEnabled());
-        open.dialog->Apply();
+        EXPECT_TRUE(dialog->IsApplyEnabled());
+        dialog->Apply();
 
         PrinterSettings inverted = Secured();
         for (const auto& other : rows) other.field(inverted.Security) = other.id == row.id ? 0 : 1;
-        EXPECT_EQ(open.dialog->Record(), inverted) << row.id;
+        EXPECT_EQ(dialog->Record(), inverted) << row.id;
     }
 }
 
-TEST(SecurityPage, ThePermissionListsStoreTheirPositions) {
+TEST_F(SecurityPage, ThePermissionListsStoreTheirPositions) {
     using Permissions = PrinterSettings::SecurityGroup::Permissions128;
     const struct {
         UINT id;
@@ -269,55 +261,52 @@ TEST(SecurityPage, ThePermissionListsStoreTheirPositions) {
     for (const auto& list : lists) {
         PrinterSettings record = Secured();
         record.Security.Bits128.*list.field = static_cast<std::int32_t>(list.items.size()) - 1;
-        const OpenPage open(record);
-        EXPECT_EQ(open.panel128.Items(list.id), list.items);
-        EXPECT_EQ(open.panel128.Selected(list.id), list.items.back());
+        OpenWith(record);
+        EXPECT_EQ(panel128.Items(list.id), list.items);
+        EXPECT_EQ(panel128.Selected(list.id), list.items.back());
         for (size_t position = 0; position < list.items.size(); ++position) {
-            open.panel128.Choose(list.id, list.items[position]);
-            EXPECT_TRUE(open.dialog->IsApplyEnabled());
-            open.dialog->Apply();
+            panel128.Choose(list.id, list.items[position]);
+            EXPECT_TRUE(dialog->IsApplyEnabled());
+            dialog->Apply();
             record.Security.Bits128.*list.field = static_cast<std::int32_t>(position);
-            EXPECT_EQ(open.dialog->Record(), record);
+            EXPECT_EQ(dialog->Record(), record);
         }
     }
 }
 
-TEST(SecurityPage, ThePermissionsOfBothLevelsAreStoredWhicheverIsVisible) {
-    const OpenPage open(Secured(40));
-    open.panel40.Click(IDC_SECURITY_40_COPYING);
-    open.page.Choose(IDC_SECURITY_LEVEL, k128Text);
-    open.panel128.Choose(IDC_SECURITY_128_PRINTING, L"Low Resolution");
-    open.panel128.Click(IDC_SECURITY_128_ACCESS);
-    EXPECT_EQ(open.dialog->Ok(), 1);
+TEST_F(SecurityPage, ThePermissionsOfBothLevelsAreStoredWhicheverIsVisible) {
+    OpenWith(Secured(40));
+    panel40.Click(IDC_SECURITY_40_COPYING);
+    page.Choose(IDC_SECURITY_LEVEL, k128Text);
+    panel128.Choose(IDC_SECURITY_128_PRINTING, L"Low Resolution");
+    panel128.Click(IDC_SECURITY_128_ACCESS);
+    EXPECT_EQ(dialog->Ok(), 1);
 
-    const ScratchSettings stored;
-    open.dialog->Call([&](IPdfPrinterPreferences& object) {
-        object.StoreInRegistry(Security, AutomationString(stored.SubKey()).get());
-    });
-    EXPECT_EQ(stored.Number("Security.Use"), 1);
-    EXPECT_EQ(stored.Number("Security.Level"), 128);
-    EXPECT_EQ(stored.Number("Security.40.AllowCopying"), 1);
-    EXPECT_EQ(stored.Number("Security.40.AllowPrinting"), 0);
-    EXPECT_EQ(stored.Number("Security.128.ContentAccess"), 1);
-    EXPECT_EQ(stored.Number("Security.128.Printing"), 1);
-    EXPECT_EQ(stored.Number("Security.128.Changes"), 0);
+    StoreInRegistry(settings);
+    EXPECT_EQ(settings.Number("Security.Use"), 1);
+    EXPECT_EQ(settings.Number("Security.Level"), 128);
+    EXPECT_EQ(settings.Number("Security.40.AllowCopying"), 1);
+    EXPECT_EQ(settings.Number("Security.40.AllowPrinting"), 0);
+    EXPECT_EQ(settings.Number("Security.128.ContentAccess"), 1);
+    EXPECT_EQ(settings.Number("Security.128.Printing"), 1);
+    EXPECT_EQ(settings.Number("Security.128.Changes"), 0);
 }
 
-TEST(SecurityPage, CancelKeepsWhatWasAppliedAndNothingMore) {
-    const OpenPage open(Secured());
-    open.panel128.Click(IDC_SECURITY_128_COPYING);
-    open.dialog->Apply();
-    EXPECT_FALSE(open.dialog->IsApplyEnabled());
-    open.panel128.Click(IDC_SECURITY_128_ACCESS);
-    open.panel40.Click(IDC_SECURITY_40_PRINTING);
-    open.page.Click(IDC_SECURITY_USE);
-    EXPECT_EQ(open.dialog->Cancel(), 2);
+TEST_F(SecurityPage, CancelKeepsWhatWasAppliedAndNothingMore) {
+    OpenWith(Secured());
+    panel128.Click(IDC_SECURITY_128_COPYING);
+    dialog->Apply();
+    EXPECT_FALSE(dialog->IsApplyEnabled());
+    panel128.Click(IDC_SECURITY_128_ACCESS);
+    panel40.Click(IDC_SECURITY_40_PRINTING);
+    page.Click(IDC_SECURITY_USE);
+    EXPECT_EQ(dialog->Cancel(), 2);
     PrinterSettings expected = Secured();
     expected.Security.Bits128.AllowCopying = 1;
-    EXPECT_EQ(open.dialog->Record(), expected);
+    EXPECT_EQ(dialog->Record(), expected);
 }
 
-TEST(SecurityPage, TextsAreTranslatedAndPasswordsAreNot) {
+TEST_F(SecurityPage, TextsAreTranslatedAndPasswordsAreNot) {
     const LanguageFolder german({{L"None ", L"Keine"},
                                  {L"None", L"Nichts"},
                                  {L"Low Resolution", L"Niedrig"},
@@ -327,78 +316,78 @@ TEST(SecurityPage, TextsAreTranslatedAndPasswordsAreNot) {
                                  {L"secret", L"geheim"}});
     PrinterSettings record = Secured();
     record.Security.UserPwd = L"secret";
-    const OpenPage open(record, kGerman);
-    EXPECT_EQ(open.page.Text(IDC_SECURITY_USE), L"Sicherheit");
-    EXPECT_EQ(open.panel40.Text(IDC_SECURITY_40_PRINTING), L"Drucken");
-    EXPECT_EQ(open.panel128.Selected(IDC_SECURITY_128_CHANGES), L"Keine");
-    EXPECT_EQ(open.page.Text(IDC_SECURITY_USER_PASSWORD), L"secret");
+    OpenWith(record, kGerman);
+    EXPECT_EQ(page.Text(IDC_SECURITY_USE), L"Sicherheit");
+    EXPECT_EQ(panel40.Text(IDC_SECURITY_40_PRINTING), L"Drucken");
+    EXPECT_EQ(panel128.Selected(IDC_SECURITY_128_CHANGES), L"Keine");
+    EXPECT_EQ(page.Text(IDC_SECURITY_USER_PASSWORD), L"secret");
 
-    open.panel128.Choose(IDC_SECURITY_128_PRINTING, L"Niedrig");
-    open.page.Choose(IDC_SECURITY_LEVEL, L"RC4 mit 40 Bit");
-    open.dialog->Apply();
+    panel128.Choose(IDC_SECURITY_128_PRINTING, L"Niedrig");
+    page.Choose(IDC_SECURITY_LEVEL, L"RC4 mit 40 Bit");
+    dialog->Apply();
     record.Security.Bits128.Printing = 1;
     record.Security.Level = 40;
-    EXPECT_EQ(open.dialog->Record(), record);
+    EXPECT_EQ(dialog->Record(), record);
 }
 
 // The panels follow the stored level and then the position in the list, the stored value follows the text.
-TEST(SecurityPage, WithEqualLevelTextsThePanelsFollowThePosition) {
+TEST_F(SecurityPage, WithEqualLevelTextsThePanelsFollowThePosition) {
     const LanguageFolder german({{k40Text, L"RC4"}, {k128Text, L"RC4"}});
-    const OpenPage open(Secured(128), kGerman);
-    EXPECT_EQ(open.VisiblePanels(), "128");
+    OpenWith(Secured(128), kGerman);
+    EXPECT_EQ(VisiblePanels(), "128");
     for (const WPARAM position : {0U, 1U}) {
-        SendMessageW(open.page.Control(IDC_SECURITY_LEVEL), CB_SETCURSEL, position, 0);
-        SendMessageW(open.page.Handle(), WM_COMMAND, MAKEWPARAM(IDC_SECURITY_LEVEL, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(open.page.Control(IDC_SECURITY_LEVEL)));
-        EXPECT_EQ(open.VisiblePanels(), position == 0 ? "40" : "128");
+        SendMessageW(page.Control(IDC_SECURITY_LEVEL), CB_SETCURSEL, position, 0);
+        SendMessageW(page.Handle(), WM_COMMAND, MAKEWPARAM(IDC_SECURITY_LEVEL, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(page.Control(IDC_SECURITY_LEVEL)));
+        EXPECT_EQ(VisiblePanels(), position == 0 ? "40" : "128");
     }
-    open.panel128.Click(IDC_SECURITY_128_ACCESS);
-    open.dialog->Apply();
-    EXPECT_EQ(open.dialog->Record().Security.Level, 40);
+    panel128.Click(IDC_SECURITY_128_ACCESS);
+    dialog->Apply();
+    EXPECT_EQ(dialog->Record().Security.Level, 40);
 }
 
-TEST(SecurityPage, TabAndEnterGoThroughThePageAndThenRoundThePanel) {
+TEST_F(SecurityPage, TabAndEnterGoThroughThePageAndThenRoundThePanel) {
     for (const WORD key : {WORD{VK_TAB}, WORD{VK_RETURN}}) {
         for (const std::int32_t level : {40, 128}) {
             PrinterSettings record = Secured(level);
             record.Security.UserPwd = L"user";
-            const OpenPage open(record);
-            const LiveWindow& panel = level == 40 ? open.panel40 : open.panel128;
+            OpenWith(record);
+            const LiveWindow& panel = level == 40 ? panel40 : panel128;
             const auto ring = level == 40
                                   ? std::vector<UINT>{IDC_SECURITY_40_PRINTING, IDC_SECURITY_40_CHANGING,
                                                       IDC_SECURITY_40_COPYING, IDC_SECURITY_40_COMMENTS}
                                   : std::vector<UINT>{IDC_SECURITY_128_ACCESS, IDC_SECURITY_128_COPYING,
                                                       IDC_SECURITY_128_CHANGES, IDC_SECURITY_128_PRINTING};
 
-            open.page.Focus(IDC_SECURITY_USE);
+            page.Focus(IDC_SECURITY_USE);
             for (const UINT id : std::vector<UINT>{IDC_SECURITY_USE_USER_PASSWORD, IDC_SECURITY_USER_PASSWORD,
                                                    IDC_SECURITY_USE_OWNER_PASSWORD, IDC_SECURITY_LEVEL}) {
-                open.dialog->PressKey(key);
-                EXPECT_TRUE(open.dialog->FocusReaches(open.page.Control(id))) << id;
+                dialog->PressKey(key);
+                EXPECT_TRUE(dialog->FocusReaches(page.Control(id))) << id;
             }
             for (int round = 0; round < 2; ++round) {
                 for (const UINT id : ring) {
-                    open.dialog->PressKey(key);
-                    EXPECT_TRUE(open.dialog->FocusReaches(panel.Control(id))) << id;
+                    dialog->PressKey(key);
+                    EXPECT_TRUE(dialog->FocusReaches(panel.Control(id))) << id;
                 }
             }
-            EXPECT_FALSE(open.dialog->IsApplyEnabled());
+            EXPECT_FALSE(dialog->IsApplyEnabled());
         }
     }
 }
 
-TEST(SecurityPage, ShiftTabLeavesThePanelForThePage) {
-    const OpenPage open(Secured(40));
-    open.panel40.Focus(IDC_SECURITY_40_PRINTING);
-    open.dialog->PressKey(VK_TAB, {VK_SHIFT});
-    EXPECT_TRUE(open.dialog->FocusReaches(open.page.Control(IDC_SECURITY_LEVEL)));
+TEST_F(SecurityPage, ShiftTabLeavesThePanelForThePage) {
+    OpenWith(Secured(40));
+    panel40.Focus(IDC_SECURITY_40_PRINTING);
+    dialog->PressKey(VK_TAB, {VK_SHIFT});
+    EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_SECURITY_LEVEL)));
 }
 
-TEST(SecurityPage, TheMouseReachesThePanelsInsideTheirContainer) {
-    const OpenPage open(Secured(40));
-    open.panel40.MouseClick(IDC_SECURITY_40_COMMENTS);
-    EXPECT_TRUE(WaitUntil([&] { return open.panel40.IsChecked(IDC_SECURITY_40_COMMENTS); }));
-    EXPECT_TRUE(open.dialog->IsApplyEnabled());
+TEST_F(SecurityPage, TheMouseReachesThePanelsInsideTheirContainer) {
+    OpenWith(Secured(40));
+    panel40.MouseClick(IDC_SECURITY_40_COMMENTS);
+    EXPECT_TRUE(WaitUntil([&] { return panel40.IsChecked(IDC_SECURITY_40_COMMENTS); }));
+    EXPECT_TRUE(dialog->IsApplyEnabled());
 }
 
 }  // namespace

@@ -12,9 +12,7 @@
 #include "resources/ids/email.h"
 #include "resources/ids/main.h"
 #include "tests/support/language_folder.h"
-#include "tests/support/live_dialog.h"
-#include "tests/support/loaded_module.h"
-#include "tests/support/wait.h"
+#include "tests/support/page_fixture.h"
 
 namespace vmk::test {
 namespace {
@@ -29,11 +27,10 @@ constexpr UINT kSecure = IDC_SMTP_SECURE;
 
 const std::vector<UINT> kLogonControls = {204, 257, kUserName, kPassword, kSecure};
 
-// The server dialog, opened from the e-mail page of a dialog on a settings key of its own.
-class SmtpDialog : public testing::Test {
+// The server dialog, opened from the e-mail page.
+class SmtpDialog : public PageTest {
   protected:
-    SmtpDialog() {
-        PrinterSettings stored;
+    SmtpDialog() : PageTest(page_bit::kEmail) {
         stored.Email.Type = 3;
         stored.Email.SMTP = {.Address = L"mail.example.org",
                              .UserName = L"user",
@@ -41,87 +38,76 @@ class SmtpDialog : public testing::Test {
                              .Port = 587,
                              .RequiresAuthentication = 1};
         stored.Email.STMP.UseSSL = 1;
-        m_settings.Store(stored);
     }
 
-    void Open(LANGID language = 0x0409) {
-        m_dialog.emplace(
-            LiveDialog::Options{.pages = page_bit::kEmail, .language = language, .settings = &m_settings});
-        m_page = m_dialog->VisiblePage();
+    void Open(LANGID language = kEnglish) {
+        PageTest::Open(language);
         OpenServer();
     }
     void OpenServer() {
-        m_page.PostClick(IDC_EMAIL_EDIT_SERVER);
-        m_server = m_dialog->WaitForModal();
-        ASSERT_TRUE(m_server);
+        server = OpenModal(IDC_EMAIL_EDIT_SERVER);
+        ASSERT_TRUE(server);
     }
-    void Close(UINT button) const {
-        m_server.PostClick(button);
-        ASSERT_TRUE(m_dialog->WaitUntilClosed(m_server));
-        ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(m_dialog->Main().Handle()) != FALSE; }));
-    }
-    PrinterSettings::EmailGroup Record() const { return m_dialog->Record().Email; }
+    void Close(UINT button) const { CloseModal(server, button); }
+    PrinterSettings::EmailGroup Record() const { return dialog->Record().Email; }
     void FocusOn(UINT id) const {
-        m_server.Focus(id);
-        ASSERT_TRUE(m_dialog->FocusReaches(m_server.Control(id)));
+        server.Focus(id);
+        ASSERT_TRUE(dialog->FocusReaches(server.Control(id)));
     }
-    bool FocusReaches(UINT id) const { return m_dialog->FocusReaches(m_server.Control(id)); }
+    bool FocusReaches(UINT id) const { return dialog->FocusReaches(server.Control(id)); }
 
-    ScratchSettings m_settings;
-    std::optional<LiveDialog> m_dialog;
-    LiveWindow m_page;
-    LiveWindow m_server;
+    LiveWindow server;
 };
 
 TEST_F(SmtpDialog, ShowsTheStoredServer) {
     Open();
-    EXPECT_EQ(m_server.Text(), L"Outgoing Mail Server");
-    EXPECT_EQ(m_server.Text(kAddress), L"mail.example.org");
-    EXPECT_EQ(m_server.Text(kPort), L"587");
-    EXPECT_TRUE(m_server.IsChecked(kAuthentication));
-    EXPECT_EQ(m_server.Text(kUserName), L"user");
-    EXPECT_EQ(m_server.Text(kPassword), L"secret");
-    EXPECT_TRUE(m_server.IsChecked(kSecure));
+    EXPECT_EQ(server.Text(), L"Outgoing Mail Server");
+    EXPECT_EQ(server.Text(kAddress), L"mail.example.org");
+    EXPECT_EQ(server.Text(kPort), L"587");
+    EXPECT_TRUE(server.IsChecked(kAuthentication));
+    EXPECT_EQ(server.Text(kUserName), L"user");
+    EXPECT_EQ(server.Text(kPassword), L"secret");
+    EXPECT_TRUE(server.IsChecked(kSecure));
 }
 
 TEST_F(SmtpDialog, APortOf25ShowsAs25AndIsStoredAs25) {
-    m_settings.SetNumber("Email.SMTP.Port", 25);
+    stored.Email.SMTP.Port = 25;
     Open();
-    EXPECT_EQ(m_server.Text(kPort), L"25");
+    EXPECT_EQ(server.Text(kPort), L"25");
     Close(IDOK);
     EXPECT_EQ(Record().SMTP.Port, 25);
 }
 
 TEST_F(SmtpDialog, IsModalOverTheActiveWindow) {
     Open();
-    EXPECT_EQ(GetWindow(m_server.Handle(), GW_OWNER), m_dialog->Main().Handle());
-    EXPECT_FALSE(IsWindowEnabled(m_dialog->Main().Handle()));
+    EXPECT_EQ(GetWindow(server.Handle(), GW_OWNER), dialog->Main().Handle());
+    EXPECT_FALSE(IsWindowEnabled(dialog->Main().Handle()));
 }
 
 TEST_F(SmtpDialog, OkStoresAtOnceAndUpdatesTheSummary) {
     Open();
-    m_server.EnterText(kAddress, L"smtp.example.net");
-    m_server.EnterTextAndLeave(kPort, L"465", kAddress);
-    m_server.EnterText(kUserName, L"other");
-    m_server.EnterText(kPassword, L"changed");
-    m_server.Click(kSecure);
+    server.EnterText(kAddress, L"smtp.example.net");
+    server.EnterTextAndLeave(kPort, L"465", kAddress);
+    server.EnterText(kUserName, L"other");
+    server.EnterText(kPassword, L"changed");
+    server.Click(kSecure);
     Close(IDOK);
-    EXPECT_EQ(m_page.Text(IDC_EMAIL_SERVER), L"smtp.example.net");
-    const PrinterSettings::EmailGroup stored = Record();
-    EXPECT_EQ(stored.SMTP.Address, L"smtp.example.net");
-    EXPECT_EQ(stored.SMTP.Port, 465);
-    EXPECT_EQ(stored.SMTP.RequiresAuthentication, 1);
-    EXPECT_EQ(stored.SMTP.UserName, L"other");
-    EXPECT_EQ(stored.SMTP.Password, L"changed");
-    EXPECT_EQ(stored.STMP.UseSSL, 0);
+    EXPECT_EQ(page.Text(IDC_EMAIL_SERVER), L"smtp.example.net");
+    const PrinterSettings::EmailGroup kept = Record();
+    EXPECT_EQ(kept.SMTP.Address, L"smtp.example.net");
+    EXPECT_EQ(kept.SMTP.Port, 465);
+    EXPECT_EQ(kept.SMTP.RequiresAuthentication, 1);
+    EXPECT_EQ(kept.SMTP.UserName, L"other");
+    EXPECT_EQ(kept.SMTP.Password, L"changed");
+    EXPECT_EQ(kept.STMP.UseSSL, 0);
 }
 
 TEST_F(SmtpDialog, WhatOkStoredSurvivesCancellingTheMainDialog) {
     Open();
-    m_server.EnterText(kAddress, L"smtp.example.net");
-    m_server.EnterText(kPassword, L"changed");
+    server.EnterText(kAddress, L"smtp.example.net");
+    server.EnterText(kPassword, L"changed");
     Close(IDOK);
-    EXPECT_EQ(m_dialog->Cancel(), 2);
+    EXPECT_EQ(dialog->Cancel(), 2);
     EXPECT_EQ(Record().SMTP.Address, L"smtp.example.net");
     EXPECT_EQ(Record().SMTP.Password, L"changed");
 }
@@ -129,100 +115,98 @@ TEST_F(SmtpDialog, WhatOkStoredSurvivesCancellingTheMainDialog) {
 TEST_F(SmtpDialog, CancelStoresNothingAndLeavesTheSummary) {
     Open();
     const PrinterSettings::EmailGroup before = Record();
-    m_server.EnterText(kAddress, L"smtp.example.net");
-    m_server.EnterTextAndLeave(kPort, L"465", kAddress);
-    m_server.EnterText(kUserName, L"other");
-    m_server.EnterText(kPassword, L"changed");
-    m_server.Click(kSecure);
-    m_server.Click(kAuthentication);
+    server.EnterText(kAddress, L"smtp.example.net");
+    server.EnterTextAndLeave(kPort, L"465", kAddress);
+    server.EnterText(kUserName, L"other");
+    server.EnterText(kPassword, L"changed");
+    server.Click(kSecure);
+    server.Click(kAuthentication);
     Close(IDCANCEL);
     EXPECT_EQ(Record(), before);
-    EXPECT_EQ(m_page.Text(IDC_EMAIL_SERVER), L"mail.example.org");
-    EXPECT_EQ(m_dialog->Ok(), 1);
+    EXPECT_EQ(page.Text(IDC_EMAIL_SERVER), L"mail.example.org");
+    EXPECT_EQ(dialog->Ok(), 1);
     EXPECT_EQ(Record(), before);
 }
 
 TEST_F(SmtpDialog, ItsCloseBoxCancels) {
     Open();
-    m_server.EnterText(kAddress, L"smtp.example.net");
-    PostMessageW(m_server.Handle(), WM_SYSCOMMAND, SC_CLOSE, 0);
-    ASSERT_TRUE(m_dialog->WaitUntilClosed(m_server));
+    server.EnterText(kAddress, L"smtp.example.net");
+    PostMessageW(server.Handle(), WM_SYSCOMMAND, SC_CLOSE, 0);
+    ASSERT_TRUE(dialog->WaitUntilClosed(server));
     EXPECT_EQ(Record().SMTP.Address, L"mail.example.org");
 }
 
 TEST_F(SmtpDialog, EscapeInAFieldCancelsItAndNotTheMainDialog) {
     Open();
-    m_server.EnterText(kAddress, L"other");
+    server.EnterText(kAddress, L"other");
     FocusOn(kAddress);
-    m_dialog->PressKey(VK_ESCAPE);
-    ASSERT_TRUE(m_dialog->WaitUntilClosed(m_server));
+    dialog->PressKey(VK_ESCAPE);
+    ASSERT_TRUE(dialog->WaitUntilClosed(server));
     EXPECT_EQ(Record().SMTP.Address, L"mail.example.org");
-    EXPECT_TRUE(IsWindow(m_dialog->Main().Handle()));
+    EXPECT_TRUE(IsWindow(dialog->Main().Handle()));
 }
 
 TEST_F(SmtpDialog, OpeningAndCancellingIsNoChange) {
     Open();
-    EXPECT_FALSE(m_dialog->IsApplyEnabled());
+    EXPECT_FALSE(dialog->IsApplyEnabled());
     Close(IDCANCEL);
-    EXPECT_FALSE(m_dialog->IsApplyEnabled());
+    EXPECT_FALSE(dialog->IsApplyEnabled());
 }
 
 TEST_F(SmtpDialog, OpeningKeepsAnEarlierChangeInMind) {
     Open();
     Close(IDCANCEL);
-    m_page.Click(IDC_EMAIL_ZIP);
+    page.Click(IDC_EMAIL_ZIP);
     ASSERT_NO_FATAL_FAILURE(OpenServer());
-    EXPECT_TRUE(m_dialog->IsApplyEnabled());
+    EXPECT_TRUE(dialog->IsApplyEnabled());
 }
 
 TEST_F(SmtpDialog, EachFieldEnablesTheMainDialogsApply) {
     for (const UINT id : {kAddress, kPort, kUserName, kPassword}) {
         Open();
-        m_server.EnterText(id, L"1");
-        EXPECT_TRUE(m_dialog->IsApplyEnabled()) << id;
+        server.EnterText(id, L"1");
+        EXPECT_TRUE(dialog->IsApplyEnabled()) << id;
     }
     for (const UINT id : {kAuthentication, kSecure}) {
         Open();
-        m_server.Click(id);
-        EXPECT_TRUE(m_dialog->IsApplyEnabled()) << id;
+        server.Click(id);
+        EXPECT_TRUE(dialog->IsApplyEnabled()) << id;
     }
     Open();
-    m_server.SpinUp(kSpin);
-    EXPECT_TRUE(m_dialog->IsApplyEnabled());
+    server.SpinUp(kSpin);
+    EXPECT_TRUE(dialog->IsApplyEnabled());
 }
 
 TEST_F(SmtpDialog, EveryValueReachesTheRegistry) {
     Open();
-    m_server.Click(kSecure);
+    server.Click(kSecure);
     Close(IDOK);
-    EXPECT_EQ(m_dialog->Ok(), 1);
-    m_dialog->Call([&](IPdfPrinterPreferences& object) {
-        object.StoreInRegistry(eMail, AutomationString(m_settings.SubKey()).get());
-    });
-    EXPECT_EQ(m_settings.Text("Email.SMTP.Address"), L"mail.example.org");
-    EXPECT_EQ(m_settings.Number("Email.SMTP.Port"), 587);
-    EXPECT_EQ(m_settings.Number("Email.SMTP.RequiresAuthentication"), 1);
-    EXPECT_EQ(m_settings.Text("Email.SMTP.UserName"), L"user");
-    EXPECT_EQ(m_settings.Text("Email.SMTP.Password"), L"secret");
-    EXPECT_EQ(m_settings.Number("Email.STMP.UseSSL"), 0);
+    EXPECT_EQ(dialog->Ok(), 1);
+    StoreInRegistry(settings);
+    EXPECT_EQ(settings.Text("Email.SMTP.Address"), L"mail.example.org");
+    EXPECT_EQ(settings.Number("Email.SMTP.Port"), 587);
+    EXPECT_EQ(settings.Number("Email.SMTP.RequiresAuthentication"), 1);
+    EXPECT_EQ(settings.Text("Email.SMTP.UserName"), L"user");
+    EXPECT_EQ(settings.Text("Email.SMTP.Password"), L"secret");
+    EXPECT_EQ(settings.Number("Email.STMP.UseSSL"), 0);
 }
 
 TEST_F(SmtpDialog, AuthenticationSwitchesTheLogonFieldsAsStoredAndAsClicked) {
     for (const int required : {0, 1}) {
-        m_settings.SetNumber("Email.SMTP.RequiresAuthentication", required);
+        stored.Email.SMTP.RequiresAuthentication = required;
         Open();
-        EXPECT_EQ(m_server.AreEnabled(kLogonControls), required == 1);
-        EXPECT_EQ(m_server.AreDisabled(kLogonControls), required == 0);
-        m_server.Click(kAuthentication);
-        EXPECT_EQ(m_server.AreEnabled(kLogonControls), required == 0);
-        EXPECT_EQ(m_server.AreDisabled(kLogonControls), required == 1);
+        EXPECT_EQ(server.AreEnabled(kLogonControls), required == 1);
+        EXPECT_EQ(server.AreDisabled(kLogonControls), required == 0);
+        server.Click(kAuthentication);
+        EXPECT_EQ(server.AreEnabled(kLogonControls), required == 0);
+        EXPECT_EQ(server.AreDisabled(kLogonControls), required == 1);
     }
 }
 
 TEST_F(SmtpDialog, WithoutAuthenticationTheLogonValuesAreKeptAndStored) {
     Open();
-    m_server.EnterText(kUserName, L"other");
-    m_server.Click(kAuthentication);
+    server.EnterText(kUserName, L"other");
+    server.Click(kAuthentication);
     Close(IDOK);
     EXPECT_EQ(Record().SMTP.RequiresAuthentication, 0);
     EXPECT_EQ(Record().SMTP.UserName, L"other");
@@ -240,9 +224,9 @@ TEST_F(SmtpDialog, TheArrowsStepThePortWithinItsLimits) {
                        {L"70000", false, L"65535"}, {L"-4", true, L"1"},   {L"no number", true, L"1"}};
     Open();
     for (const auto& step : cases) {
-        m_server.EnterText(kPort, step.from);
-        step.up ? m_server.SpinUp(kSpin) : m_server.SpinDown(kSpin);
-        EXPECT_EQ(m_server.Text(kPort), step.to) << step.from;
+        server.EnterText(kPort, step.from);
+        step.up ? server.SpinUp(kSpin) : server.SpinDown(kSpin);
+        EXPECT_EQ(server.Text(kPort), step.to) << step.from;
     }
     Close(IDOK);
     EXPECT_EQ(Record().SMTP.Port, 1);
@@ -251,16 +235,16 @@ TEST_F(SmtpDialog, TheArrowsStepThePortWithinItsLimits) {
 TEST_F(SmtpDialog, ATypedPortOutsideItsLimitsIsRefusedAndKeepsTheFocus) {
     for (const wchar_t* const typed : {L"0", L"65536", L"-1", L"", L"abc", L"nan", L"inf"}) {
         Open();
-        m_server.EnterTextAndLeave(kPort, typed, kAddress);
-        EXPECT_EQ(m_server.Text(kPort), L"587") << typed;
-        EXPECT_EQ(m_dialog->Focused(), m_server.Control(kPort)) << typed;
+        server.EnterTextAndLeave(kPort, typed, kAddress);
+        EXPECT_EQ(server.Text(kPort), L"587") << typed;
+        EXPECT_EQ(dialog->Focused(), server.Control(kPort)) << typed;
     }
 }
 
 TEST_F(SmtpDialog, TheLimitsOfThePortCanBeTyped) {
     Open();
     for (const int port : {1, 65535}) {
-        m_server.EnterTextAndLeave(kPort, std::to_wstring(port), kAddress);
+        server.EnterTextAndLeave(kPort, std::to_wstring(port), kAddress);
         Close(IDOK);
         EXPECT_EQ(Record().SMTP.Port, port);
         ASSERT_NO_FATAL_FAILURE(OpenServer());
@@ -269,28 +253,28 @@ TEST_F(SmtpDialog, TheLimitsOfThePortCanBeTyped) {
 
 TEST_F(SmtpDialog, AFractionIsShownRoundedAndStoredTruncated) {
     Open();
-    m_server.EnterTextAndLeave(kPort, L"25.7", kAddress);
-    EXPECT_EQ(m_server.Text(kPort), L"26");
+    server.EnterTextAndLeave(kPort, L"25.7", kAddress);
+    EXPECT_EQ(server.Text(kPort), L"26");
     Close(IDOK);
     EXPECT_EQ(Record().SMTP.Port, 25);
 }
 
 TEST_F(SmtpDialog, AStoredPortOutsideItsLimitsStaysUntilItIsEdited) {
-    for (const int stored : {0, -1, 70000}) {
-        m_settings.SetNumber("Email.SMTP.Port", stored);
+    for (const int port : {0, -1, 70000}) {
+        stored.Email.SMTP.Port = port;
         Open();
-        EXPECT_EQ(m_server.Text(kPort), std::to_wstring(stored));
+        EXPECT_EQ(server.Text(kPort), std::to_wstring(port));
         Close(IDOK);
-        EXPECT_EQ(Record().SMTP.Port, stored);
+        EXPECT_EQ(Record().SMTP.Port, port);
     }
 }
 
 TEST_F(SmtpDialog, APortStillBeingTypedIsStoredByAClickOnOk) {
     Open();
     FocusOn(kPort);
-    m_server.EnterText(kPort, L"2525");
-    m_server.MouseClick(IDOK);
-    ASSERT_TRUE(m_dialog->WaitUntilClosed(m_server));
+    server.EnterText(kPort, L"2525");
+    server.MouseClick(IDOK);
+    ASSERT_TRUE(dialog->WaitUntilClosed(server));
     EXPECT_EQ(Record().SMTP.Port, 2525);
 }
 
@@ -300,7 +284,7 @@ TEST_F(SmtpDialog, TabGoesRoundTheFields) {
                                     kPassword, kSecure, kAddress};
     FocusOn(ring.front());
     for (size_t index = 1; index < ring.size(); ++index) {
-        m_dialog->PressKey(VK_TAB);
+        dialog->PressKey(VK_TAB);
         EXPECT_TRUE(FocusReaches(ring[index])) << ring[index];
     }
 }
@@ -311,16 +295,16 @@ TEST_F(SmtpDialog, EnterGoesRoundTheFieldsLikeTabAndClosesNothing) {
                                     kPassword, kSecure, kAddress};
     FocusOn(ring.front());
     for (size_t index = 1; index < ring.size(); ++index) {
-        m_dialog->PressKey(VK_RETURN);
+        dialog->PressKey(VK_RETURN);
         EXPECT_TRUE(FocusReaches(ring[index])) << ring[index];
     }
-    EXPECT_TRUE(IsWindowVisible(m_server.Handle()));
+    EXPECT_TRUE(IsWindowVisible(server.Handle()));
 }
 
 TEST_F(SmtpDialog, ThePasswordIsHiddenOnScreen) {
     Open();
-    EXPECT_NE(GetWindowLongW(m_server.Control(kPassword), GWL_STYLE) & ES_PASSWORD, 0);
-    EXPECT_NE(SendMessageW(m_server.Control(kPassword), EM_GETPASSWORDCHAR, 0, 0), 0);
+    EXPECT_NE(GetWindowLongW(server.Control(kPassword), GWL_STYLE) & ES_PASSWORD, 0);
+    EXPECT_NE(SendMessageW(server.Control(kPassword), EM_GETPASSWORDCHAR, 0, 0), 0);
 }
 
 TEST_F(SmtpDialog, TextsAreTranslatedButNotWhatIsStored) {
@@ -330,21 +314,21 @@ TEST_F(SmtpDialog, TextsAreTranslatedButNotWhatIsStored) {
                                  {L"secret", L"geheim"},
                                  {L"user", L"Benutzer"}});
     Open(kGerman);
-    EXPECT_EQ(m_server.Text(), L"Postausgangsserver");
-    EXPECT_EQ(m_server.Text(204), L"Kontoname:");
-    EXPECT_EQ(m_server.Text(IDCANCEL), L"Abbrechen");
-    EXPECT_EQ(m_server.Text(kUserName), L"user");
-    EXPECT_EQ(m_server.Text(kPassword), L"secret");
+    EXPECT_EQ(server.Text(), L"Postausgangsserver");
+    EXPECT_EQ(server.Text(204), L"Kontoname:");
+    EXPECT_EQ(server.Text(IDCANCEL), L"Abbrechen");
+    EXPECT_EQ(server.Text(kUserName), L"user");
+    EXPECT_EQ(server.Text(kPassword), L"secret");
     Close(IDOK);
     EXPECT_EQ(Record().SMTP.Password, L"secret");
 }
 
 TEST_F(SmtpDialog, CanBeOpenedAgainAndThenShowsWhatWasStored) {
     Open();
-    m_server.EnterText(kAddress, L"smtp.example.net");
+    server.EnterText(kAddress, L"smtp.example.net");
     Close(IDOK);
     ASSERT_NO_FATAL_FAILURE(OpenServer());
-    EXPECT_EQ(m_server.Text(kAddress), L"smtp.example.net");
+    EXPECT_EQ(server.Text(kAddress), L"smtp.example.net");
 }
 
 }  // namespace

@@ -2,58 +2,59 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/live_dialog.h"
-#include "tests/support/wait.h"
+#include "tests/support/page_fixture.h"
 
 namespace vmk::test {
 namespace {
 
-TEST(WatermarksPage, ShowsTheStoredState) {
-    const ScratchSettings settings;
-    for (const int stored : {0, 1}) {
-        settings.SetNumber("Watermarks.Print", stored);
-        LiveDialog dialog({.pages = page_bit::kWatermarks, .settings = &settings});
-        EXPECT_EQ(dialog.Page(L"Watermarks").IsChecked(IDC_WATERMARKS_PRINT), stored != 0);
+class WatermarksPage : public PageTest {
+  protected:
+    WatermarksPage() : PageTest(page_bit::kWatermarks) {}
+};
+
+TEST_F(WatermarksPage, ShowsTheStoredState) {
+    for (const int print : {0, 1}) {
+        settings.SetNumber("Watermarks.Print", print);
+        OpenOn(settings);
+        EXPECT_EQ(page.IsChecked(IDC_WATERMARKS_PRINT), print != 0);
     }
 }
 
-TEST(WatermarksPage, AMissingValueShowsAsUnchecked) {
-    const ScratchSettings empty;
-    LiveDialog dialog({.pages = page_bit::kWatermarks, .settings = &empty});
-    EXPECT_FALSE(dialog.Page(L"Watermarks").IsChecked(IDC_WATERMARKS_PRINT));
+TEST_F(WatermarksPage, AMissingValueShowsAsUnchecked) {
+    OpenOn(settings);
+    EXPECT_FALSE(page.IsChecked(IDC_WATERMARKS_PRINT));
 }
 
-TEST(WatermarksPage, TogglingEnablesApplyAndApplyStoresAndDisablesItself) {
-    LiveDialog dialog({.pages = page_bit::kWatermarks});
-    EXPECT_FALSE(dialog.IsApplyEnabled());
-    dialog.Page(L"Watermarks").Click(IDC_WATERMARKS_PRINT);
-    EXPECT_TRUE(dialog.IsApplyEnabled());
-    EXPECT_EQ(dialog.Record().Watermarks.Print, 0);
-    dialog.Apply();
-    EXPECT_FALSE(dialog.IsApplyEnabled());
-    EXPECT_EQ(dialog.Record().Watermarks.Print, 1);
+TEST_F(WatermarksPage, TogglingEnablesApplyAndApplyStoresAndDisablesItself) {
+    OpenWithoutLoading();
+    EXPECT_FALSE(dialog->IsApplyEnabled());
+    page.Click(IDC_WATERMARKS_PRINT);
+    EXPECT_TRUE(dialog->IsApplyEnabled());
+    EXPECT_EQ(dialog->Record().Watermarks.Print, 0);
+    dialog->Apply();
+    EXPECT_FALSE(dialog->IsApplyEnabled());
+    EXPECT_EQ(dialog->Record().Watermarks.Print, 1);
 }
 
-TEST(WatermarksPage, ARealMouseClickTogglesTheBox) {
-    LiveDialog dialog({.pages = page_bit::kWatermarks});
-    const LiveWindow page = dialog.Page(L"Watermarks");
+TEST_F(WatermarksPage, ARealMouseClickTogglesTheBox) {
+    OpenWithoutLoading();
     page.MouseClick(IDC_WATERMARKS_PRINT);
     EXPECT_TRUE(WaitUntil([&] { return page.IsChecked(IDC_WATERMARKS_PRINT); }));
-    EXPECT_TRUE(dialog.IsApplyEnabled());
+    EXPECT_TRUE(dialog->IsApplyEnabled());
 }
 
-TEST(WatermarksPage, TogglingAndCancellingKeepsTheSetting) {
-    LiveDialog dialog({.pages = page_bit::kWatermarks});
-    dialog.Page(L"Watermarks").Click(IDC_WATERMARKS_PRINT);
-    EXPECT_EQ(dialog.Cancel(), 2);
-    EXPECT_EQ(dialog.Record().Watermarks.Print, 0);
+TEST_F(WatermarksPage, TogglingAndCancellingKeepsTheSetting) {
+    OpenWithoutLoading();
+    page.Click(IDC_WATERMARKS_PRINT);
+    EXPECT_EQ(dialog->Cancel(), 2);
+    EXPECT_EQ(dialog->Record().Watermarks.Print, 0);
 }
 
-TEST(WatermarksPage, OkStoresZeroOrOne) {
-    LiveDialog dialog({.pages = page_bit::kWatermarks});
-    dialog.Page(L"Watermarks").Click(IDC_WATERMARKS_PRINT);
-    EXPECT_EQ(dialog.Ok(), 1);
-    EXPECT_EQ(dialog.Record().Watermarks.Print, 1);
+TEST_F(WatermarksPage, OkStoresZeroOrOne) {
+    OpenWithoutLoading();
+    page.Click(IDC_WATERMARKS_PRINT);
+    EXPECT_EQ(dialog->Ok(), 1);
+    EXPECT_EQ(dialog->Record().Watermarks.Print, 1);
 }
 
 }  // namespace

@@ -9,8 +9,8 @@
 #include <stdexcept>
 #include <utility>
 
-#include "base/window_text.h"
 #include "resources/ids/main.h"
+#include "tests/support/mouse.h"
 #include "tests/support/wait.h"
 #include "tests/support/window_search.h"
 
@@ -46,118 +46,7 @@ HWND ModalDialog(DWORD thread, HWND except) {
     });
 }
 
-POINT CentreOf(HWND hwnd) {
-    RECT rect{};
-    GetWindowRect(hwnd, &rect);
-    return {.x = (rect.left + rect.right) / 2, .y = (rect.top + rect.bottom) / 2};
-}
-
-// Clicks at a position of the screen, which is given in 65,536ths. Each event carries the position: the real
-// pointer of the display may interfere between them.
-void ClickScreen(POINT point) {
-    INPUT inputs[2]{};
-    for (INPUT& input : inputs) {
-        input.type = INPUT_MOUSE;
-        input.mi.dx = MulDiv(point.x, 65536, GetSystemMetrics(SM_CXSCREEN));
-        input.mi.dy = MulDiv(point.y, 65536, GetSystemMetrics(SM_CYSCREEN));
-        input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE;
-    }
-    inputs[0].mi.dwFlags |= MOUSEEVENTF_LEFTDOWN;
-    inputs[1].mi.dwFlags |= MOUSEEVENTF_LEFTUP;
-    SendInput(2, inputs, sizeof(INPUT));
-}
-
 }  // namespace
-
-// LiveWindow
-
-std::wstring LiveWindow::Text() const {
-    return WindowText(m_hwnd);
-}
-
-std::wstring LiveWindow::Text(UINT id) const {
-    return WindowText(Control(id));
-}
-
-bool LiveWindow::IsShown(UINT id) const {
-    return (GetWindowLongW(Control(id), GWL_STYLE) & WS_VISIBLE) != 0;
-}
-
-bool LiveWindow::IsChecked(UINT id) const {
-    return SendMessageW(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED;
-}
-
-bool LiveWindow::AreEnabled(const std::vector<UINT>& ids) const {
-    return std::ranges::all_of(ids, [this](UINT id) { return Control(id) && IsEnabled(id); });
-}
-
-bool LiveWindow::AreDisabled(const std::vector<UINT>& ids) const {
-    return std::ranges::none_of(ids, [this](UINT id) { return !Control(id) || IsEnabled(id); });
-}
-
-void LiveWindow::Click(UINT id) const {
-    SendMessageW(Control(id), BM_CLICK, 0, 0);
-}
-
-void LiveWindow::PostClick(UINT id) const {
-    PostMessageW(Control(id), BM_CLICK, 0, 0);
-}
-
-void LiveWindow::MouseClick(UINT id) const {
-    ClickScreen(CentreOf(Control(id)));
-}
-
-void LiveWindow::EnterText(UINT id, const std::wstring& text) const {
-    SendMessageW(Control(id), EM_SETSEL, 0, -1);
-    SendMessageW(Control(id), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
-}
-
-void LiveWindow::Focus(UINT id) const {
-    SendMessageW(m_hwnd, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(id)), TRUE);
-}
-
-void LiveWindow::EnterTextAndLeave(UINT id, const std::wstring& text, UINT next) const {
-    Focus(id);
-    EnterText(id, text);
-    Focus(next);
-}
-
-std::vector<std::wstring> LiveWindow::Items(UINT id) const {
-    std::vector<std::wstring> items;
-    const LRESULT count = SendMessageW(Control(id), CB_GETCOUNT, 0, 0);
-    for (LRESULT index = 0; index < count; ++index) {
-        const auto position = static_cast<WPARAM>(index);
-        std::wstring text(static_cast<size_t>(SendMessageW(Control(id), CB_GETLBTEXTLEN, position, 0)),
-                          L'\0');
-        SendMessageW(Control(id), CB_GETLBTEXT, position, reinterpret_cast<LPARAM>(text.data()));
-        items.push_back(std::move(text));
-    }
-    return items;
-}
-
-std::wstring LiveWindow::Selected(UINT id) const {
-    const LRESULT index = SendMessageW(Control(id), CB_GETCURSEL, 0, 0);
-    return index == CB_ERR ? std::wstring() : Items(id)[static_cast<size_t>(index)];
-}
-
-bool LiveWindow::Choose(UINT id, const std::wstring& text) const {
-    const std::vector<std::wstring> items = Items(id);
-    const auto found = std::ranges::find(items, text);
-    if (found == items.end()) return false;
-    SendMessageW(Control(id), CB_SETCURSEL, static_cast<WPARAM>(found - items.begin()), 0);
-    SendMessageW(m_hwnd, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(Control(id)));
-    return true;
-}
-
-void LiveWindow::ClickSpin(UINT id, bool up) const {
-    RECT client{};
-    GetClientRect(Control(id), &client);
-    const LPARAM point = MAKELPARAM(client.right / 2, up ? client.bottom / 4 : client.bottom * 3 / 4);
-    SendMessageW(Control(id), WM_LBUTTONDOWN, MK_LBUTTON, point);
-    SendMessageW(Control(id), WM_LBUTTONUP, 0, point);
-}
-
-// LiveDialog
 
 struct LiveDialog::Session {
     explicit Session(Options wanted) : options(std::move(wanted)) {
@@ -320,16 +209,14 @@ LiveWindow LiveDialog::Page(const std::wstring& name) const {
 }
 
 LiveWindow LiveDialog::VisiblePage() const {
-    HWND page = GetWindow(m_navigator.Control(IDC_NAVIGATOR_FRAME), GW_CHILD);
-    while (page && !IsWindowVisible(page)) page = GetWindow(page, GW_HWNDNEXT);
-    return LiveWindow(page);
+    for (HWND page : ChildrenOf(m_navigator.Control(IDC_NAVIGATOR_FRAME)))
+        if (IsWindowVisible(page)) return LiveWindow(page);
+    return {};
 }
 
 int LiveDialog::VisiblePages() const {
-    int visible = 0;
-    HWND page = GetWindow(m_navigator.Control(IDC_NAVIGATOR_FRAME), GW_CHILD);
-    for (; page; page = GetWindow(page, GW_HWNDNEXT)) visible += IsWindowVisible(page) ? 1 : 0;
-    return visible;
+    const std::vector<HWND> pages = ChildrenOf(m_navigator.Control(IDC_NAVIGATOR_FRAME));
+    return static_cast<int>(std::ranges::count_if(pages, IsWindowVisible));
 }
 
 bool LiveDialog::IsApplyEnabled() const {
@@ -357,11 +244,9 @@ int LiveDialog::WaitForResult() {
 }
 
 PrinterSettings LiveDialog::Record() const {
-    const ScratchSettings copy;
-    Call([&](IPdfPrinterPreferences& object) {
-        object.StoreInRegistry(AllPages, AutomationString(copy.SubKey()).get());
-    });
-    return copy.Load();
+    PrinterSettings record;
+    Call([&](IPdfPrinterPreferences& object) { record = RecordOf(object); });
+    return record;
 }
 
 void LiveDialog::Call(const std::function<void(IPdfPrinterPreferences&)>& function) const {
@@ -380,11 +265,21 @@ bool LiveDialog::FocusReaches(HWND window) const {
     return WaitUntil([&] { return Focused() == window; });
 }
 
-LiveWindow LiveDialog::WaitForModal(HWND over) const {
+LiveWindow LiveDialog::OpenModal(const LiveWindow& window, UINT button) const {
+    window.PostClick(button);
+    return WaitForModal();
+}
+
+// The owner is enabled again only after the modal window is gone.
+bool LiveDialog::CloseModal(const LiveWindow& modal, UINT button) const {
+    modal.PostClick(button);
+    return WaitUntilClosed(modal) && WaitUntil([this] { return IsWindowEnabled(m_main.Handle()) != FALSE; });
+}
+
+LiveWindow LiveDialog::WaitForModal() const {
     HWND modal = nullptr;
-    HWND below = over ? over : m_main.Handle();
     WaitUntil([&] {
-        modal = ModalDialog(m_session->threadId, below);
+        modal = ModalDialog(m_session->threadId, m_main.Handle());
         return modal != nullptr;
     });
     return LiveWindow(modal);

@@ -10,59 +10,19 @@
 #include "settings/page_set.h"
 #include "settings/printer_settings.h"
 #include "tests/support/keyboard.h"
+#include "tests/support/live_window.h"
 #include "tests/support/loaded_module.h"
 #include "tests/support/scratch_settings.h"
 
+// The preferences dialog as its user has it before him:
+//
+//     LiveDialog dialog({.pages = page_bit::kWatermarks});
+//     dialog.VisiblePage().Click(IDC_WATERMARKS_PRINT);
+//     EXPECT_EQ(dialog.Ok(), 1);
+
 namespace vmk::test {
 
-// A dialog that is open on another thread of this process, seen and used from the test's own thread.
-class LiveWindow {
-  public:
-    LiveWindow() = default;
-    explicit LiveWindow(HWND hwnd) : m_hwnd(hwnd) {}
-
-    HWND Handle() const { return m_hwnd; }
-    explicit operator bool() const { return m_hwnd != nullptr; }
-    HWND Control(UINT id) const { return GetDlgItem(m_hwnd, static_cast<int>(id)); }
-
-    std::wstring Text() const;
-    std::wstring Text(UINT id) const;
-    bool IsEnabled(UINT id) const { return IsWindowEnabled(Control(id)) != FALSE; }
-    // Whether the control itself has the visible style, whatever its parents have.
-    bool IsShown(UINT id) const;
-    bool IsChecked(UINT id) const;
-    // Whether all of these controls are enabled (or none of them is).
-    bool AreEnabled(const std::vector<UINT>& ids) const;
-    bool AreDisabled(const std::vector<UINT>& ids) const;
-
-    // Clicks a button and waits for all that follows. For buttons that open something modal use PostClick.
-    void Click(UINT id) const;
-    void PostClick(UINT id) const;
-    // Clicks a control with the mouse, at the centre of what it shows.
-    void MouseClick(UINT id) const;
-
-    // Replaces the text of an edit box as if it had been typed; the focus does not move.
-    void EnterText(UINT id, const std::wstring& text) const;
-    // Gives a control the focus; the control that had it loses it.
-    void Focus(UINT id) const;
-    // Replaces an edit box's text and leaves the box for another control.
-    void EnterTextAndLeave(UINT id, const std::wstring& text, UINT next) const;
-
-    // Drop-down lists.
-    std::vector<std::wstring> Items(UINT id) const;
-    std::wstring Selected(UINT id) const;  // empty without a selection
-    // Chooses the item with exactly this text as the user does; false when there is none.
-    bool Choose(UINT id, const std::wstring& text) const;
-
-    // Clicks the upper or lower arrow of a spin control.
-    void SpinUp(UINT id) const { ClickSpin(id, true); }
-    void SpinDown(UINT id) const { ClickSpin(id, false); }
-
-  private:
-    void ClickSpin(UINT id, bool up) const;
-
-    HWND m_hwnd = nullptr;
-};
+inline constexpr LANGID kEnglish = 0x0409;
 
 // Where a window is, in dialog units of the main dialog.
 struct Place {
@@ -79,7 +39,7 @@ class LiveDialog {
   public:
     struct Options {
         PageSet pages = page_bit::kAllPages;
-        LANGID language = 0x0409;
+        LANGID language = kEnglish;
         std::wstring title = {};
         const ScratchSettings* settings = nullptr;  // what is loaded before the dialog opens; null: nothing
         // More for the host to do before the dialog opens, on the object's thread.
@@ -136,8 +96,13 @@ class LiveDialog {
     }
     void TypeText(const std::wstring& text) const { test::TypeText(text); }
 
-    // The next modal dialog that opens over the main one (or over the given one).
-    LiveWindow WaitForModal(HWND over = nullptr) const;
+    // Clicks a button that opens something modal over the main dialog; what that is, empty when nothing
+    // comes.
+    LiveWindow OpenModal(const LiveWindow& window, UINT button) const;
+    // Closes something modal with one of its buttons; whether the main dialog can be used again.
+    bool CloseModal(const LiveWindow& modal, UINT button) const;
+    // The next modal dialog that opens over the main one.
+    LiveWindow WaitForModal() const;
     bool WaitUntilClosed(const LiveWindow& window) const;
 
   private:

@@ -4,6 +4,12 @@
 #include <optional>
 #include <string>
 
+// A settings key as a host has it:
+//
+//     const ScratchKey key;
+//     key.SetNumber("Paper.Nup", 4);
+//     object->InitFromRegistry(AllPages, AutomationString(key.SubKey()).get());
+
 namespace vmk::test {
 
 // A settings key of the current user that nobody else uses and that is deleted at the end. It is not there

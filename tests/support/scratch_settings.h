@@ -2,6 +2,13 @@
 
 #include "settings/printer_settings.h"
 #include "tests/support/scratch_key.h"
+#include "vmkctrl.h"
+
+// Whole records in a scratch key:
+//
+//     const ScratchSettings settings;
+//     settings.Store({.Watermarks = {.Print = 1}});
+//     const LiveDialog dialog({.settings = &settings});
 
 namespace vmk::test {
 
@@ -14,5 +21,10 @@ class ScratchSettings : public ScratchKey {
     // The record that the key holds.
     PrinterSettings Load() const;
 };
+
+// The record of an object, read by way of the registry.
+PrinterSettings RecordOf(IPdfPrinterPreferences& object);
+// Has an object load a record by way of the registry.
+void Load(IPdfPrinterPreferences& object, const PrinterSettings& settings);
 
 }  // namespace vmk::test

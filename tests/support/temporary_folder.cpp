@@ -58,13 +58,14 @@ std::vector<std::wstring> TemporaryFolder::Files() const {
     return names;
 }
 
-void TemporaryFolder::Write(const std::wstring& name, std::span<const std::byte> bytes) const {
+std::wstring TemporaryFolder::Write(const std::wstring& name, std::span<const std::byte> bytes) const {
     HANDLE file = CreateFileW(File(name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE) throw std::runtime_error("a test's file cannot be made");
     DWORD written = 0;
     WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
     CloseHandle(file);
     if (written != bytes.size()) throw std::runtime_error("a test's file cannot be written");
+    return File(name);
 }
 
 }  // namespace vmk::test

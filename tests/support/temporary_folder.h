@@ -10,10 +10,17 @@
 // A folder for the files of one test:
 //
 //     const TemporaryFolder folder;
-//     folder.Write(L"a.pdf", {});
-//     EXPECT_EQ(page.Text(IDC_OVERLAY_FILE), folder.File(L"a.pdf"));
+//     const std::wstring file = folder.Write(L"a.pdf");
+//     EXPECT_EQ(page.Text(IDC_OVERLAY_FILE), file);
 
 namespace vmk::test {
+
+// Where the process looks for files that are named without a folder.
+inline std::wstring CurrentFolder() {
+    wchar_t folder[MAX_PATH] = {};
+    GetCurrentDirectoryW(MAX_PATH, folder);
+    return folder;
+}
 
 // A folder in the system's temporary one, removed with all its files in the end. Where one cannot be made, or
 // a file not be written, that throws.
@@ -36,8 +43,8 @@ class TemporaryFolder {
     // Names of the files in the order in which the system finds them.
     std::vector<std::wstring> Files() const;
 
-    // Makes a file of these bytes, instead of the one of this name if there is one.
-    void Write(const std::wstring& name, std::span<const std::byte> bytes) const;
+    // Makes a file of these bytes, instead of the one of this name if there is one; its path.
+    std::wstring Write(const std::wstring& name, std::span<const std::byte> bytes = {}) const;
 
   private:
     void DeleteFiles() const;

@@ -3,6 +3,13 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
+
+// Windows by what they are:
+//
+//     HWND dialog = FindTopWindow(threadId, IsDialog);
+//     HWND box = FindVisibleControl(dialog, IDC_WATERMARKS_PRINT);
+//     for (HWND child : ChildrenOf(page)) EXPECT_TRUE(IsWindowVisible(child));
 
 namespace vmk::test {
 
@@ -41,6 +48,14 @@ HWND FindDescendant(HWND window, Predicate&& isWanted) {
     if (!window) return nullptr;
     return FirstWindow([=](WNDENUMPROC each, LPARAM parameter) { EnumChildWindows(window, each, parameter); },
                        isWanted);
+}
+
+// The children of a window themselves, in z-order, which is the tab order.
+inline std::vector<HWND> ChildrenOf(HWND window) {
+    std::vector<HWND> children;
+    for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        children.push_back(child);
+    return children;
 }
 
 // The pages have numbers in common: only a control on screen counts.

@@ -5,6 +5,7 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -14,7 +15,14 @@
 #include "tests/support/loaded_module.h"
 #include "tests/support/scratch_settings.h"
 #include "tests/support/wait.h"
+#include "tests/support/window_search.h"
 #include "vmkctrl.h"
+
+// A page as its user has it before him, in a fixture that says which one it is:
+//
+//     stored.Watermarks.Print = 1;
+//     Open();
+//     EXPECT_TRUE(page.IsChecked(IDC_WATERMARKS_PRINT));
 
 namespace vmk::test {
 
@@ -22,7 +30,7 @@ namespace vmk::test {
 // own appear as IDC_STATIC.
 inline std::vector<int> ControlIds(const LiveWindow& page) {
     std::vector<int> ids;
-    for (HWND child = GetWindow(page.Handle(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    for (HWND child : ChildrenOf(page.Handle())) {
         const int id = GetDlgCtrlID(child);
         ids.push_back(id == 0xFFFF ? -1 : id);
     }
@@ -55,12 +63,33 @@ class PageTest : public testing::Test {
   protected:
     explicit PageTest(PageSet pages) : m_pages(pages) {}
 
-    // Opens the dialog, once more if it is open already.
-    void Open(LANGID language = 0x0409) {
-        dialog.reset();
-        m_settings.Store(stored);
-        dialog.emplace(LiveDialog::Options{.pages = m_pages, .language = language, .settings = &m_settings});
-        page = dialog->VisiblePage();
+    // Opens the dialog on the settings that are stored, once more if it is open already.
+    void Open(LANGID language = kEnglish) {
+        settings.Store(stored);
+        OpenOn(settings, language);
+    }
+    // The same on these settings.
+    void OpenWith(const PrinterSettings& record, LANGID language = kEnglish) {
+        stored = record;
+        Open(language);
+    }
+    // The same on what a key holds, or on what an object has that has loaded nothing.
+    void OpenOn(const ScratchSettings& key, LANGID language = kEnglish) { OpenDialog(&key, language); }
+    void OpenWithoutLoading(LANGID language = kEnglish) { OpenDialog(nullptr, language); }
+
+    // Clicks a button of the page that opens something modal; what that is, empty when nothing comes.
+    LiveWindow OpenModal(UINT button) const { return dialog->OpenModal(page, button); }
+    // Closes that with one of its buttons, after which the page can be used again.
+    void CloseModal(const LiveWindow& modal, UINT button) const {
+        ASSERT_TRUE(dialog->CloseModal(modal, button));
+    }
+
+    // What the page says goes on after something modal is closed.
+    bool ApplyBecomesEnabled() const {
+        return WaitUntil([this] { return dialog->IsApplyEnabled(); });
+    }
+    bool TextBecomes(UINT id, const std::wstring& text) const {
+        return WaitUntil([&] { return page.Text(id) == text; });
     }
 
     // Checks the texts of controls.
@@ -76,13 +105,22 @@ class PageTest : public testing::Test {
         });
     }
 
-    PrinterSettings stored;  // what the dialog opens with
+    PrinterSettings stored;    // what the dialog opens with
+    ScratchSettings settings;  // and the key where it stands
+    // More for the host to do before the dialog opens, on the object's thread.
+    std::function<void(IPdfPrinterPreferences&)> prepare;
     std::optional<LiveDialog> dialog;
     LiveWindow page;
 
   private:
+    void OpenDialog(const ScratchSettings* key, LANGID language) {
+        dialog.reset();
+        dialog.emplace(
+            LiveDialog::Options{.pages = m_pages, .language = language, .settings = key, .prepare = prepare});
+        page = dialog->VisiblePage();
+    }
+
     PageSet m_pages;
-    ScratchSettings m_settings;
 };
 
 }  // namespace vmk::test
