@@ -145,7 +145,7 @@ class OpenedByAHost : public testing::Test {
   protected:
     LONG Open() const {
         LONG answer = 0;
-        EXPECT_EQ(m_object->OpenDialog(0x0409, &answer), S_OK);
+        EXPECT_EQ(m_object->OpenDialog(kEnglish, &answer), S_OK);
         return answer;
     }
 

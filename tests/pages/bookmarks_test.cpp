@@ -106,13 +106,13 @@ TEST_F(BookmarksPage, CancelKeepsWhatWasApplied) {
 TEST_F(BookmarksPage, TabAndEnterGoRoundTheBoxes) {
     Open(1, 1, 0);
     page.Focus(IDC_BOOKMARKS_PRINT);
-    ASSERT_TRUE(dialog->FocusReaches(page.Control(IDC_BOOKMARKS_PRINT)));
+    ASSERT_TRUE(FocusReaches(IDC_BOOKMARKS_PRINT));
     dialog->PressKey(VK_TAB);
-    EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_BOOKMARKS_MULTILINE)));
+    EXPECT_TRUE(FocusReaches(IDC_BOOKMARKS_MULTILINE));
     dialog->PressKey(VK_RETURN);
-    EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_BOOKMARKS_MATCH_LEVEL)));
+    EXPECT_TRUE(FocusReaches(IDC_BOOKMARKS_MATCH_LEVEL));
     dialog->PressKey(VK_TAB);
-    EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_BOOKMARKS_PRINT)));
+    EXPECT_TRUE(FocusReaches(IDC_BOOKMARKS_PRINT));
 }
 
 TEST_F(BookmarksPage, TheSpaceBarTogglesTheBox) {

@@ -223,7 +223,7 @@ TEST_F(CompressionPage, AQualityOutsideItsLimitsGivesWayToTheLastStoredOne) {
     for (const wchar_t* refused : {L"0", L"101", L"", L"99999999999"}) {
         page.EnterTextAndLeave(IDC_COMPRESSION_QUALITY, refused, IDC_COMPRESSION_TEXT);
         EXPECT_EQ(page.Text(IDC_COMPRESSION_QUALITY), L"75") << refused;
-        EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_COMPRESSION_QUALITY)));
+        EXPECT_TRUE(FocusReaches(IDC_COMPRESSION_QUALITY));
     }
     for (const wchar_t* accepted : {L"1", L"100"}) {
         page.EnterTextAndLeave(IDC_COMPRESSION_QUALITY, accepted, IDC_COMPRESSION_TEXT);

@@ -41,7 +41,7 @@ TEST_F(DigitalSignaturePosition, APageNumberOutsideItsLimitsGivesWayToTheLastSto
     Open();
     page.EnterTextAndLeave(IDC_SIGNATURE_PAGE, L"-2", IDC_SIGNATURE_FILE);
     EXPECT_EQ(page.Text(IDC_SIGNATURE_PAGE), L"3");
-    EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_SIGNATURE_PAGE)));
+    EXPECT_TRUE(FocusReaches(IDC_SIGNATURE_PAGE));
     for (const std::int32_t accepted : {-1, 0, 2147483647}) {
         page.EnterTextAndLeave(IDC_SIGNATURE_PAGE, std::to_wstring(accepted), IDC_SIGNATURE_FILE);
         EXPECT_EQ(Applied().Page, accepted);
@@ -169,7 +169,7 @@ TEST_F(DigitalSignaturePosition, ALengthOutsideItsLimitsGivesWayToTheLastStoredO
     Open();
     page.EnterTextAndLeave(IDC_SIGNATURE_LEFT, L"-0.1", IDC_SIGNATURE_FILE);
     EXPECT_EQ(page.Text(IDC_SIGNATURE_LEFT), L"25.400");
-    EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_SIGNATURE_LEFT)));
+    EXPECT_TRUE(FocusReaches(IDC_SIGNATURE_LEFT));
     page.Choose(IDC_SIGNATURE_UNITS, L"points");
     page.EnterTextAndLeave(IDC_SIGNATURE_LEFT, L"3000000000", IDC_SIGNATURE_FILE);
     EXPECT_EQ(page.Text(IDC_SIGNATURE_LEFT), L"72.000");

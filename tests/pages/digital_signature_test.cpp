@@ -327,7 +327,7 @@ TEST_F(DigitalSignaturePage, TabAndEnterVisitTheControlsInOrder) {
     EXPECT_EQ(FocusSteps(*dialog, page, IDC_SIGNATURE_ENABLE, toReason.size()), toReason);
     page.Focus(IDC_SIGNATURE_REASON);
     dialog->PressKey(VK_TAB);
-    EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_SIGNATURE_LOCATION)));
+    EXPECT_TRUE(FocusReaches(IDC_SIGNATURE_LOCATION));
     const std::vector<int> toImage = {221, 223, 208, 364, 365, 366, 367, 202, 222};
     EXPECT_EQ(FocusSteps(*dialog, page, IDC_SIGNATURE_LOCATION, toImage.size()), toImage);
     EXPECT_EQ(FocusSteps(*dialog, page, IDC_SIGNATURE_LOCATION, toImage.size(), VK_RETURN), toImage);

@@ -46,11 +46,6 @@ class EmailPage : public PageTest {
         OpenOn(settings);
     }
     PrinterSettings::EmailGroup Record() const { return dialog->Record().Email; }
-    void FocusOn(UINT id) const {
-        page.Focus(id);
-        ASSERT_TRUE(dialog->FocusReaches(page.Control(id)));
-    }
-    bool FocusReaches(UINT id) const { return dialog->FocusReaches(page.Control(id)); }
 };
 
 TEST_F(EmailPage, MissingValuesShowTheDefaults) {

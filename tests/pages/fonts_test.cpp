@@ -401,7 +401,7 @@ TEST_F(FontsPage, TabGoesThroughThePageInReadingOrder) {
     page.Focus(IDC_FONTS_EMBED_ALL);
     for (const UINT id : kAfterTheFirst) {
         dialog->PressKey(VK_TAB);
-        ASSERT_TRUE(dialog->FocusReaches(page.Control(id))) << id;
+        ASSERT_TRUE(FocusReaches(id)) << id;
     }
 }
 

@@ -46,7 +46,7 @@ class GraphicsPage : public PageTest {
     GraphicsPage() : PageTest(page_bit::kGraphics) {}
 
     // Opens the page with everything in use, so that every control is enabled.
-    void OpenInFullUse(LANGID language = 0x0409) {
+    void OpenInFullUse(LANGID language = kEnglish) {
         for (const DownsampleRow& row : kRows) (stored.Downsample.*row.images).Use = 1;
         stored.Convert.Color.To = stored.Convert.Indexed.To = stored.Convert.Drawing.To = 2;
         Open(language);

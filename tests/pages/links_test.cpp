@@ -283,7 +283,7 @@ TEST_F(LinksPage, AWidthOutsideItsLimitsGivesWayToTheLastStoredOne) {
     for (const wchar_t* refused : {L"0.4", L"5.1", L"", L"wide", L"-1"}) {
         EnterWidth(refused);
         EXPECT_EQ(page.Text(IDC_LINKS_WIDTH), L"1.0") << refused;
-        EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_LINKS_WIDTH)));
+        EXPECT_TRUE(FocusReaches(IDC_LINKS_WIDTH));
     }
     EnterWidth(L"0.5");
     EXPECT_EQ(AppliedWidth(), 5);

@@ -49,8 +49,7 @@ class OptimizationPage : public PageTest {
         return settings.Number(name);
     }
     void PressTabAt(UINT from) const {
-        page.Focus(from);
-        ASSERT_TRUE(dialog->FocusReaches(page.Control(from)));
+        ASSERT_NO_FATAL_FAILURE(FocusOn(from));
         dialog->PressKey(VK_TAB);
     }
 };
@@ -163,7 +162,7 @@ TEST_F(OptimizationPage, ARefusedThresholdGivesWayToTheSmallestAfterZeroWasStore
     page.EnterTextAndLeave(kThreshold, L"9", kSwap);
     EXPECT_EQ(page.Text(kThreshold), L"1");
     page.Focus(kSwap);
-    EXPECT_TRUE(dialog->FocusReaches(page.Control(kSwap)));
+    EXPECT_TRUE(FocusReaches(kSwap));
 }
 
 TEST_F(OptimizationPage, CheckingOptimizationEnablesWhatTheSwapFlagAllows) {
@@ -273,7 +272,7 @@ TEST_F(OptimizationPage, AnArrowBringsAStoredThresholdOutsideTheRangeBackIntoIt)
 TEST_F(OptimizationPage, TheArrowKeysStepTheThresholdToo) {
     OpenOnNumbers(1, 3);
     page.Focus(kThreshold);
-    ASSERT_TRUE(dialog->FocusReaches(page.Control(kThreshold)));
+    ASSERT_TRUE(FocusReaches(kThreshold));
     dialog->PressKey(VK_UP);
     EXPECT_TRUE(WaitUntil([&] { return page.Text(kThreshold) == L"4"; }));
     dialog->PressKey(VK_DOWN);
@@ -358,15 +357,15 @@ TEST_F(OptimizationPage, TabGoesRoundThePage) {
 TEST_F(OptimizationPage, TabPassesOverTheDisabledThreshold) {
     OpenOnNumbers(1, 0);
     PressTabAt(kSwap);
-    EXPECT_TRUE(dialog->FocusReaches(page.Control(kBlendMode)));
+    EXPECT_TRUE(FocusReaches(kBlendMode));
 }
 
 TEST_F(OptimizationPage, EnterMovesOnLikeTab) {
     OpenOnNumbers(1, 5);
     page.Focus(kThreshold);
-    ASSERT_TRUE(dialog->FocusReaches(page.Control(kThreshold)));
+    ASSERT_TRUE(FocusReaches(kThreshold));
     dialog->PressKey(VK_RETURN);
-    EXPECT_TRUE(dialog->FocusReaches(page.Control(kBlendMode)));
+    EXPECT_TRUE(FocusReaches(kBlendMode));
 }
 
 TEST_F(OptimizationPage, TextsAndItemsAreTranslatedWhileTheStoredValuesStay) {

@@ -186,9 +186,9 @@ TEST_F(PaperPage, TabAndEnterInAnOrderListGoBackToTheCount) {
         Open(count, 0);
         for (const WORD key : {WORD{VK_TAB}, WORD{VK_RETURN}}) {
             page.Focus(list);
-            ASSERT_TRUE(dialog->FocusReaches(page.Control(list)));
+            ASSERT_TRUE(FocusReaches(list));
             dialog->PressKey(key);
-            EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_PAPER_COUNT))) << key;
+            EXPECT_TRUE(FocusReaches(IDC_PAPER_COUNT)) << key;
         }
     }
 }
@@ -197,7 +197,7 @@ TEST_F(PaperPage, TabInTheCountGoesToTheVisibleOrderList) {
     Open(2, 0);
     page.Focus(IDC_PAPER_COUNT);
     dialog->PressKey(VK_TAB);
-    EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_PAPER_ORDER_OF_TWO)));
+    EXPECT_TRUE(FocusReaches(IDC_PAPER_ORDER_OF_TWO));
 }
 
 TEST_F(PaperPage, TheArrowKeysChooseACount) {

@@ -112,7 +112,7 @@ TEST_F(SaveApplication, ASecondDialogShowsTheApplicationThatDoesNotRun) {
         static_cast<LiveDialog*>(parameter)->Call([](IPdfPrinterPreferences& object) {
             LONG answer = 0;
             object.SetTitle(AutomationString(L"Second Save").get());
-            object.OpenDialog(0x0409, &answer);
+            object.OpenDialog(kEnglish, &answer);
         });
         return 0;
     };

@@ -54,7 +54,7 @@ TEST_F(SaveNumbering, ANumberOutsideTheLimitsIsRefused) {
         OpenWith(Numbering());
         page.EnterTextAndLeave(edit, text, IDC_SAVE_FILE_NAME);
         EXPECT_EQ(page.Text(edit), edit == IDC_SAVE_START ? L"1" : L"3") << text;
-        EXPECT_TRUE(dialog->FocusReaches(page.Control(edit)));
+        EXPECT_TRUE(FocusReaches(edit));
     }
 }
 

@@ -169,7 +169,7 @@ TEST_F(SavePage, TabGoesRoundThePage) {
                            IDC_SAVE_GIVEN_APP, IDC_SAVE_APP, IDC_SAVE_APP_BROWSE, IDC_SAVE_PARAMETERS,
                            IDC_SAVE_PREDEFINED}) {
         dialog->PressKey(VK_TAB);
-        EXPECT_TRUE(dialog->FocusReaches(page.Control(id))) << id;
+        EXPECT_TRUE(FocusReaches(id)) << id;
     }
 }
 

@@ -363,7 +363,7 @@ TEST_F(SecurityPage, TabAndEnterGoThroughThePageAndThenRoundThePanel) {
             for (const UINT id : std::vector<UINT>{IDC_SECURITY_USE_USER_PASSWORD, IDC_SECURITY_USER_PASSWORD,
                                                    IDC_SECURITY_USE_OWNER_PASSWORD, IDC_SECURITY_LEVEL}) {
                 dialog->PressKey(key);
-                EXPECT_TRUE(dialog->FocusReaches(page.Control(id))) << id;
+                EXPECT_TRUE(FocusReaches(id)) << id;
             }
             for (int round = 0; round < 2; ++round) {
                 for (const UINT id : ring) {
@@ -380,7 +380,7 @@ TEST_F(SecurityPage, ShiftTabLeavesThePanelForThePage) {
     OpenWith(Secured(40));
     panel40.Focus(IDC_SECURITY_40_PRINTING);
     dialog->PressKey(VK_TAB, {VK_SHIFT});
-    EXPECT_TRUE(dialog->FocusReaches(page.Control(IDC_SECURITY_LEVEL)));
+    EXPECT_TRUE(FocusReaches(IDC_SECURITY_LEVEL));
 }
 
 TEST_F(SecurityPage, TheMouseReachesThePanelsInsideTheirContainer) {

@@ -4,6 +4,12 @@
 
 #include <iosfwd>
 
+// What a process holds, before and after:
+//
+//     const ResourceCounts before = CountResources();
+//     OpenAndClose(*object, 1000);
+//     EXPECT_EQ(CountResources(), before);
+
 namespace vmk::test {
 
 // What this process holds at the moment. Counted from the system's own tables, because the functions that

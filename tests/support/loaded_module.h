@@ -8,6 +8,12 @@
 #include "base/library.h"
 #include "vmkctrl.h"
 
+// The built DLL without the registry, and what its calls need:
+//
+//     const ComApartment apartment;
+//     const LoadedModule module;
+//     module.CreatePreferences()->SetTitle(AutomationString(L"Preferences").get());
+
 namespace vmk::test {
 
 inline constexpr GUID kTypeLibraryId = {

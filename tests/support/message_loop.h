@@ -2,6 +2,12 @@
 
 #include <windows.h>
 
+// Waiting on the thread that the dialog belongs to:
+//
+//     PressKey(VK_TAB);
+//     EXPECT_TRUE(RunLoopUntil(dialog, [&] { return GetFocus() == box; }));
+//     // On another thread: wait.h.
+
 namespace vmk::test {
 
 // Runs the message loop of this thread, with the keyboard of the dialog, until the condition holds; false

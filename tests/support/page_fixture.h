@@ -92,6 +92,13 @@ class PageTest : public testing::Test {
         return WaitUntil([&] { return page.Text(id) == text; });
     }
 
+    // Whether a control of the page has the focus or gets it; and gives it to one.
+    bool FocusReaches(UINT id) const { return dialog->FocusReaches(page.Control(id)); }
+    void FocusOn(UINT id) const {
+        page.Focus(id);
+        ASSERT_TRUE(FocusReaches(id));
+    }
+
     // Checks the texts of controls.
     void CheckTexts(const std::vector<std::pair<UINT, std::wstring>>& texts) const {
         for (const auto& [id, text] : texts) EXPECT_EQ(page.Text(id), text);

@@ -6,6 +6,12 @@
 #include <string>
 #include <vector>
 
+// Fonts that need not be installed on the machine:
+//
+//     const TestFont restricted({.family = L"Vmk Restricted", .embeddingLicence = 2});
+//     OpenWithoutLoading();
+//     EXPECT_THAT(NamesIn(page, IDC_FONTS_AVAILABLE), Contains(L"Vmk Restricted"));
+
 namespace vmk::test {
 
 // A family to make a font file of. The file has the tables that a font needs and an empty space character.
