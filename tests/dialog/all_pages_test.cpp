@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/settings/expected_settings.h"
 #include "tests/support/full_use.h"
 #include "tests/support/live_dialog.h"
 #include "tests/support/wait.h"
@@ -99,7 +100,7 @@ TEST(AllPages, OneChangeOnEachPageReachesRegistryRecordAndScreenAgain) {
             object.StoreInRegistry(AllPages, AutomationString(after.SubKey()).get());
         });
     }
-    EXPECT_EQ(after.Count(), 122);
+    EXPECT_EQ(after.Count(), static_cast<int>(std::size(kExpectedSettings)));
     EXPECT_EQ(after.Load(), Changed());
 
     LiveDialog again({.settings = &after});
