@@ -23,7 +23,7 @@ passes cmp reference docs/settings.md
 options=(-DBUILD_TESTING=OFF)
 [ "${2:-}" != --whole ] || options=(-DBUILD_TESTING=ON)
 passes cmake --preset release "${options[@]}"
-mapfile -t sources < <(sed -n 's|^+++ b/\(\(pages\|dialog\)/.*\.cpp\)$|\1|p' "${recipes[@]}" | sort -u)
+mapfile -t sources < <(sed -nE 's#^[+]{3} b/((pages|dialog)/.*\.cpp)$#\1#p' "${recipes[@]}" | sort -u)
 objects=()
 for source in "${sources[@]}"; do
     objects+=("${source%%/*}/CMakeFiles/vmk_${source%%/*}.dir/${source#*/}.obj")
