@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "base/registry_key.h"
-#include "settings/fields.h"
+#include "settings/groups.h"
 #include "settings/registry_store.h"
 
 namespace vmk {
@@ -30,7 +30,7 @@ struct Value {
 std::vector<Value> ReadValues(HKEY key) {
     std::vector<Value> values;
     const PrinterSettings settings;
-    fields::Walk(
+    WalkFields(
         page_bit::kAllPages,
         [&](const char* name, const auto&) {
             Value value{.name = name, .type = REG_NONE, .bytes = std::vector<BYTE>(1024)};

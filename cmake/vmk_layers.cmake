@@ -142,7 +142,7 @@ function(vmk_add_tests name)
   add_executable(${name}_test ${arg_SOURCES})
   target_link_libraries(${name}_test PRIVATE vmk_test_options ${arg_LIBRARIES} GTest::gmock_main)
   # Tests are compiled more often than they are waited for, and linked without the layers' symbols for debuggers.
-  target_compile_options(${name}_test PRIVATE -O0)
+  target_compile_options(${name}_test PRIVATE -O0 ${VMK_TEST_PORT})
   if(TARGET vmk_test_headers)
     target_precompile_headers(${name}_test REUSE_FROM vmk_test_headers)
   endif()
