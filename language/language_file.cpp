@@ -76,10 +76,9 @@ std::wstring TakeWhile(Units& text, auto&& belongs) {
     return taken;
 }
 
+/// For a word of letters only, which differ from their capitals in one bit.
 bool EqualsIgnoringCase(std::wstring_view text, std::wstring_view lowerCase) {
-    return std::equal(text.begin(), text.end(), lowerCase.begin(), lowerCase.end(), [](wchar_t a, wchar_t b) {
-        return (a >= L'A' && a <= L'Z' ? a - L'A' + L'a' : a) == b;
-    });
+    return std::ranges::equal(text, lowerCase, [](wchar_t a, wchar_t b) { return (a | 0x20) == b; });
 }
 
 int HexDigit(wchar_t unit) {

@@ -5,6 +5,7 @@
 #include <new>
 #include <vector>
 
+#include "base/window_text.h"
 #include "language/language_session.h"
 
 namespace vmk {
@@ -23,15 +24,6 @@ std::vector<HWND> Children(HWND window) {
     for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
         children.push_back(child);
     return children;
-}
-
-std::wstring WindowText(HWND window) {
-    const int length = GetWindowTextLengthW(window);
-    if (length <= 0) return {};
-    // The reported length need not be exact.
-    std::wstring text(static_cast<std::size_t>(length) + 4, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
 }
 
 std::wstring ItemText(HMENU menu, UINT position) {

@@ -10,6 +10,6 @@ for language in "$sources"/examples/languages/*.txt; do
     names+=("languages/$(basename "$language" .txt).vlf")
 done
 for name in "${names[@]}"; do
-    [[ $commands == *"$(basename "$name" .vlf)"* ]] || { echo "the target artifacts does not make $name" && exit 1; }
-    [ -s "$build/$name" ] || { echo "$name is not there" && exit 1; }
+    [[ $commands == *"$(basename "$name" .vlf)"* ]] || { echo "the target artifacts does not make $name"; exit 1; }
+    [ -s "$build/$name" ] || { echo "$name is not there"; exit 1; }
 done
