@@ -65,7 +65,8 @@ endfunction()
 # One folder, one layer, one static library called vmk_NAME. DEPENDS names the layers below it: it can include their
 # headers and what they can include themselves, and no others. Of a layer with PUBLIC_HEADERS these are all that others
 # can include. WINDOWS_SOURCES are left out on the build machine.
-# Every header of the folder is also compiled by itself when tests are built, so that each stands alone.
+# Every header stands alone: a source includes its own header first, and one without a source is compiled by itself
+# when tests are built.
 function(vmk_add_layer name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;WINDOWS_SOURCES;PUBLIC_HEADERS;DEPENDS")
   set(sources ${arg_SOURCES})
@@ -100,6 +101,10 @@ function(vmk_add_layer name)
     file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
     set(checks)
     foreach(header IN LISTS headers)
+      string(REGEX REPLACE "h$" "cpp" source ${PROJECT_SOURCE_DIR}/${header})
+      if(EXISTS ${source})
+        continue()
+      endif()
       set(check ${PROJECT_BINARY_DIR}/header_checks/${header}.cpp)
       file(CONFIGURE OUTPUT ${check} CONTENT "#include \"${header}\"\n")
       list(APPEND checks ${check})
