@@ -4,6 +4,7 @@
 #include <new>
 #include <string>
 
+#include "controls/focus.h"
 #include "resources/ids/main.h"
 #include "settings/groups.h"
 
@@ -112,12 +113,17 @@ void CDlgSettings::SelectFirstPage() const {
 }
 
 void CDlgSettings::ShowPage(int item) const {
-    const bool hadFocus = IsChild(Item(IDC_NAVIGATOR_FRAME), GetFocus()) != FALSE;
+    // A button of the page stops being the default button only while it can be seen.
+    TakeFocusFromPages();
     for (const PageEntry& entry : m_pages) {
         if (entry.window) ShowWindow(entry.window, entry.item == item ? SW_SHOW : SW_HIDE);
     }
     // A box whose number is refused keeps the focus from the list, but must not keep it out of sight.
-    if (hadFocus) SetFocus(List());
+    TakeFocusFromPages();
+}
+
+void CDlgSettings::TakeFocusFromPages() const {
+    if (IsChild(Item(IDC_NAVIGATOR_FRAME), GetFocus())) GiveFocus(List());
 }
 
 void CDlgSettings::DestroyPages() {

@@ -36,6 +36,7 @@ class CDlgSettings final : public Dialog, public CDialogEnv {
     int InsertName(const PageRow& row) const;
     void SelectFirstPage() const;
     void ShowPage(int item) const;
+    void TakeFocusFromPages() const;
     void DestroyPages();
 
     HWND List() const;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "resources/ids/compression.h"
 #include "resources/ids/graphics.h"
 #include "resources/ids/main.h"
 #include "resources/ids/watermarks.h"
@@ -101,6 +102,38 @@ TEST(PageSwitching, ArrowKeysInTheListSwitchPages) {
     const LiveDialog dialog({.pages = page_bit::kCustomForms | page_bit::kWatermarks});
     dialog.PressKey(VK_DOWN);
     EXPECT_TRUE(WaitUntil([&] { return dialog.VisiblePage().Control(IDC_WATERMARKS_PRINT) != nullptr; }));
+}
+
+TEST(PageSwitching, TakesTheFocusOutOfThePageThatGoes) {
+    const LiveDialog dialog;
+    const LiveWindow page = dialog.Page(L"Watermarks");
+    page.Focus(IDC_WATERMARKS_PRINT);
+    ASSERT_TRUE(dialog.FocusReaches(page.Control(IDC_WATERMARKS_PRINT)));
+    dialog.Page(L"General");
+    EXPECT_EQ(GetDlgCtrlID(dialog.Focused()), IDC_NAVIGATOR_LIST);
+}
+
+TEST(PageSwitching, LeavesTheFocusOnAButtonOfTheDialog) {
+    const LiveDialog dialog;
+    dialog.Main().Focus(IDCANCEL);
+    ASSERT_TRUE(dialog.FocusReaches(dialog.Main().Control(IDCANCEL)));
+    dialog.Page(L"General");
+    EXPECT_EQ(dialog.Focused(), dialog.Main().Control(IDCANCEL));
+}
+
+TEST(PageSwitching, MakesOkTheDefaultButtonAgainWhenAButtonOfThePageWasIt) {
+    const LiveDialog dialog;
+    const auto isDefault = [](HWND button) {
+        return (SendMessageW(button, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) != 0;
+    };
+    HWND ok = dialog.Main().Control(IDOK);
+    HWND ofPage = dialog.Page(L"Compression").Control(IDC_COMPRESSION_DEFAULT);
+    SendMessageW(dialog.Main().Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(ofPage), TRUE);
+    ASSERT_TRUE(dialog.FocusReaches(ofPage));
+    ASSERT_TRUE(isDefault(ofPage));
+    dialog.Page(L"General");
+    EXPECT_TRUE(isDefault(ok));
+    EXPECT_FALSE(isDefault(ofPage));
 }
 
 TEST(MainDialog, StartsWithApplyDisabledAndTheFocusOnTheList) {
