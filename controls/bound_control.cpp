@@ -54,6 +54,11 @@ std::optional<LRESULT> BoundControl::ProcessWindowMessage(HWND hwnd, UINT msg, W
     return DefaultReflection(hwnd, msg, wParam, lParam);
 }
 
+bool BoundControl::OnReflectedCommand(UINT code) {
+    if (code == EN_CHANGE) EnableApply();
+    return code == EN_CHANGE;
+}
+
 // Of two boxes that want to keep the focus the first one does. The message goes on wherever the focus is
 // really lost, or the control would think for ever that it has it.
 bool BoundControl::KeepsFocus() {

@@ -44,8 +44,9 @@ class BoundControl : public Window, public CDialogEnv, public BoundValue {
 
     std::optional<LRESULT> ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
 
-    // A notification of the control that its page has reflected back; true when it is consumed.
-    virtual bool OnReflectedCommand(UINT /*code*/) { return false; }
+    // A notification of the control that its page has reflected back; true when it is consumed. A changed
+    // text enables Apply.
+    virtual bool OnReflectedCommand(UINT code);
 
     // Takes over what has been entered, now that the control loses the focus. False when that is refused;
     // then the focus stays.

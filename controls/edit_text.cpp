@@ -18,10 +18,4 @@ void CMyEditText::Store() {
     if (GetWindowLongPtrW(Handle(), GWL_STYLE) & ES_PASSWORD) Wipe(text);
 }
 
-bool CMyEditText::OnReflectedCommand(UINT code) {
-    if (code != EN_CHANGE) return false;
-    EnableApply();
-    return true;
-}
-
 }  // namespace vmk

@@ -21,8 +21,6 @@ class CMyEditText final : public BoundControl {
     void Store() override;
 
   private:
-    bool OnReflectedCommand(UINT code) override;
-
     std::wstring* m_field = nullptr;
 };
 

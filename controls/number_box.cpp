@@ -117,13 +117,6 @@ bool NumberBox<Number>::TakeEntry() {
 }
 
 template <typename Number>
-bool NumberBox<Number>::OnReflectedCommand(UINT code) {
-    if (code != EN_CHANGE) return false;
-    EnableApply();
-    return true;
-}
-
-template <typename Number>
 bool NumberBox<Number>::Accepts(Number number) const {
     return !HasRange() || (m_options.minimum <= number && number <= m_options.maximum);
 }
@@ -136,22 +129,15 @@ bool NumberBox<Number>::Step(Number change) {
     return true;
 }
 
+// Whole numbers have no unit, and are exact in between.
 template <typename Number>
 Number NumberBox<Number>::FromStored(std::int32_t stored) const {
-    if constexpr (std::is_integral_v<Number>) {
-        return stored;
-    } else {
-        return stored / m_options.storedPerUnit;
-    }
+    return static_cast<Number>(stored / m_options.storedPerUnit);
 }
 
 template <typename Number>
 std::int32_t NumberBox<Number>::ToStored(Number number) const {
-    if constexpr (std::is_integral_v<Number>) {
-        return number;
-    } else {
-        return TruncateResultToInt32(number * m_options.storedPerUnit);
-    }
+    return TruncateResultToInt32(number * m_options.storedPerUnit);
 }
 
 template class NumberBox<std::int32_t>;

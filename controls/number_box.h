@@ -57,7 +57,6 @@ class NumberBox final : public BoundControl {
 
   private:
     bool TakeEntry() override;
-    bool OnReflectedCommand(UINT code) override;
 
     bool HasRange() const { return m_options.minimum != -1 || m_options.maximum != -1; }
     bool Accepts(Number number) const;

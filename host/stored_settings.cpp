@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "base/handle.h"
+#include "base/registry_key.h"
 #include "host/failure.h"
 #include "host/text.h"
 #include "settings/groups.h"
@@ -16,13 +16,6 @@ namespace vmk {
 namespace {
 
 constexpr std::string_view kRootPath = R"(SOFTWARE\Orrin Systems\vmkctrl.PdfPrinterPreferences\)";
-
-struct KeyTraits {
-    using Value = HKEY;
-    static constexpr Value None() noexcept { return nullptr; }
-    static void Close(Value value) noexcept { RegCloseKey(value); }
-};
-using UniqueKey = UniqueHandle<KeyTraits>;
 
 // How many characters the names have in common at their beginning, up to a dot.
 std::size_t SizeOfSharedParts(std::string_view left, std::string_view right) {
@@ -34,7 +27,7 @@ std::size_t SizeOfSharedParts(std::string_view left, std::string_view right) {
     return shared;
 }
 
-LSTATUS OpenSettingsKey(const std::wstring& subKey, UniqueKey& key) {
+LSTATUS OpenSettingsKey(const std::wstring& subKey, UniqueRegistryKey& key) {
     const std::string path = std::string(kRootPath) + AnsiFromWide(subKey);
     return RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, key.put());
 }
@@ -141,7 +134,7 @@ void AppendEscaped(std::string& result, char c) {
 }  // namespace
 
 std::optional<std::vector<StoredSetting>> ReadStoredSettings(const std::wstring& subKey) {
-    UniqueKey key;
+    UniqueRegistryKey key;
     const LSTATUS status = OpenSettingsKey(subKey, key);
     if (status == ERROR_FILE_NOT_FOUND || status == ERROR_PATH_NOT_FOUND) return std::nullopt;
     if (status != ERROR_SUCCESS) {
@@ -158,7 +151,7 @@ std::optional<std::vector<StoredSetting>> ReadStoredSettings(const std::wstring&
 }
 
 bool SettingsKeyIsThere(const std::wstring& subKey) {
-    UniqueKey key;
+    UniqueRegistryKey key;
     return OpenSettingsKey(subKey, key) == ERROR_SUCCESS;
 }
 

@@ -9,11 +9,7 @@ namespace {
 
 constexpr UINT kDetectionOptions[] = {IDC_BOOKMARKS_MULTILINE, IDC_BOOKMARKS_MATCH_LEVEL};
 
-class CDlgBookmarks final : public CPage {
-  public:
-    CDlgBookmarks() : CPage(IDD_BOOKMARKS) {}
-
-  private:
+class CDlgBookmarks final : public PageFrom<IDD_BOOKMARKS> {
     void LoadPage() override {
         auto& bookmarks = settings->Bookmarks;
         m_print.Bind(*this, IDC_BOOKMARKS_PRINT, bookmarks.Print, {.ids = kDetectionOptions});

@@ -32,11 +32,7 @@ constexpr ComboRule kColorRules[] = {
     {.ids = kQualityControls, .values = kNotCompressing, .enable = false},
 };
 
-class CDlgCompression final : public CPage {
-  public:
-    CDlgCompression() : CPage(IDD_COMPRESSION) {}
-
-  private:
+class CDlgCompression final : public PageFrom<IDD_COMPRESSION> {
     void LoadPage() override;
     bool OnCommand(Command command) override;
     void ShowDefaults();

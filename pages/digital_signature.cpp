@@ -79,11 +79,7 @@ constexpr UINT kSignatureControls[] = {
 // In the unit on screen, whichever it is.
 constexpr double kLongestLength = RangeOf("Security.Digisig.Left").largest;
 
-class CDlgDigSign final : public CPage {
-  public:
-    CDlgDigSign() : CPage(IDD_DIGITAL_SIGNATURE) {}
-
-  private:
+class CDlgDigSign final : public PageFrom<IDD_DIGITAL_SIGNATURE> {
     void LoadPage() override;
     void StorePage() override;
     bool OnCommand(Command command) override;

@@ -15,11 +15,7 @@ constexpr UINT kUsedOnly[] = {
     IDC_DOCINFO_KEYWORDS_LABEL, IDC_DOCINFO_CREATOR_LABEL,
 };
 
-class CDlgDocInfo final : public CPage {
-  public:
-    CDlgDocInfo() : CPage(IDD_DOCUMENT_INFO) {}
-
-  private:
+class CDlgDocInfo final : public PageFrom<IDD_DOCUMENT_INFO> {
     void LoadPage() override {
         auto& info = settings->Info;
         m_use.Bind(*this, IDC_DOCINFO_USE, info.Use, {.ids = kUsedOnly});

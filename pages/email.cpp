@@ -34,11 +34,7 @@ constexpr ComboRule kMethodRules[] = {
 
 // Unlike the other pages it stores what it shows also when nothing was changed, and when the dialog is
 // cancelled.
-class CDlgEMail final : public CPage {
-  public:
-    CDlgEMail() : CPage(IDD_EMAIL) {}
-
-  private:
+class CDlgEMail final : public PageFrom<IDD_EMAIL> {
     void LoadPage() override;
     bool StoresAlways() const override { return true; }
     bool OnCommand(Command command) override;

@@ -16,11 +16,7 @@ constexpr RadioItem kVersions[] = {
     {.id = IDC_GENERAL_VERSION_16, .value = 6},
 };
 
-class CDlgGeneral final : public CPage {
-  public:
-    CDlgGeneral() : CPage(IDD_GENERAL) {}
-
-  private:
+class CDlgGeneral final : public PageFrom<IDD_GENERAL> {
     void LoadPage() override {
         auto& general = settings->General;
         m_version.Bind(*this, general.PDFSpec, kVersions);

@@ -83,11 +83,7 @@ constexpr ComboRule kDrawingRules[] = {
     {.ids = kThresholdControls, .values = kToShades, .enable = false},
 };
 
-class CDlgGraphics final : public CPage {
-  public:
-    CDlgGraphics() : CPage(IDD_GRAPHICS) {}
-
-  private:
+class CDlgGraphics final : public PageFrom<IDD_GRAPHICS> {
     // The controls for one kind of image.
     struct Downsampling {
         CMyCheckbox use;

@@ -37,11 +37,7 @@ constexpr ComboRule kTypeRules[] = {
 
 constexpr double kTenths = 10.0;
 
-class CDlgLinks final : public CPage {
-  public:
-    CDlgLinks() : CPage(IDD_LINKS) {}
-
-  private:
+class CDlgLinks final : public PageFrom<IDD_LINKS> {
     void LoadPage() override;
     bool OnCommand(Command command) override;
     void ShowDefaults();

@@ -16,11 +16,7 @@ constexpr UINT kMemoryControls[] = {IDC_OPTIMIZATION_SWAP, IDC_OPTIMIZATION_SWAP
                                     IDC_OPTIMIZATION_SWAP_SPIN, IDC_OPTIMIZATION_SWAP_UNIT};
 constexpr std::span<const UINT> kThresholdControls = std::span(kMemoryControls).last<3>();
 
-class CDlgOptimization final : public CPage {
-  public:
-    CDlgOptimization() : CPage(IDD_OPTIMIZATION) {}
-
-  private:
+class CDlgOptimization final : public PageFrom<IDD_OPTIMIZATION> {
     void LoadPage() override;
     bool OnCommand(Command command) override;
     // Arrows that belong to nothing do nothing.

@@ -51,11 +51,7 @@ constexpr RadioItem kVertical[] = {
     {.id = IDC_OVERLAY_BOTTOM, .value = 2},
 };
 
-class CDlgOverlay final : public CPage {
-  public:
-    CDlgOverlay() : CPage(IDD_OVERLAY) {}
-
-  private:
+class CDlgOverlay final : public PageFrom<IDD_OVERLAY> {
     void LoadPage() override;
     bool OnCommand(Command command) override;
 

@@ -38,4 +38,11 @@ class CPage : public PageWindow, public BoundDialog {
     bool m_isLoaded = false;
 };
 
+// The base of a page made from one of the module's templates.
+template <UINT templateId>
+class PageFrom : public CPage {
+  public:
+    PageFrom() : CPage(templateId) {}
+};
+
 }  // namespace vmk

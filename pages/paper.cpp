@@ -11,11 +11,7 @@ constexpr std::int32_t kFirstOrder = 0;
 
 // The order is chosen from one of three lists that lie on top of one another, because the same number means
 // another order for two pages than for more.
-class CDlgPaper final : public CPage {
-  public:
-    CDlgPaper() : CPage(IDD_PAPER) {}
-
-  private:
+class CDlgPaper final : public PageFrom<IDD_PAPER> {
     void LoadPage() override;
     void StorePage() override;
     bool OnCommand(Command command) override;

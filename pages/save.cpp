@@ -49,11 +49,7 @@ constexpr UINT kGivenAppOnly[] = {IDC_SAVE_GIVEN_APP};
 // As much of a file name as a macro is appended to.
 constexpr int kLongestFileName = 259;
 
-class CDlgSave final : public CPage {
-  public:
-    CDlgSave() : CPage(IDD_SAVE) {}
-
-  private:
+class CDlgSave final : public PageFrom<IDD_SAVE> {
     void LoadPage() override;
     bool OnCommand(Command command) override;
 

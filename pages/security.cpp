@@ -20,11 +20,7 @@ constexpr UINT kUsed[] = {
 constexpr UINT kUserPassword[] = {IDC_SECURITY_USER_PASSWORD_LABEL, IDC_SECURITY_USER_PASSWORD};
 constexpr UINT kOwnerPassword[] = {IDC_SECURITY_OWNER_PASSWORD_LABEL, IDC_SECURITY_OWNER_PASSWORD};
 
-class CDlgSecurity final : public CPage {
-  public:
-    CDlgSecurity() : CPage(IDD_SECURITY) {}
-
-  private:
+class CDlgSecurity final : public PageFrom<IDD_SECURITY> {
     void LoadPage() override;
     void StorePage() override;
     bool OnCommand(Command command) override;
@@ -53,8 +49,8 @@ void CDlgSecurity::LoadPage() {
     auto& security = settings->Security;
     m_hasUserPassword = security.UserPwd.empty() ? 0 : 1;
     m_hasOwnerPassword = security.OwnerPwd.empty() ? 0 : 1;
-    m_panel40.CreatePanel(*this, Item(IDC_SECURITY_PANELS));
-    m_panel128.CreatePanel(*this, Item(IDC_SECURITY_PANELS));
+    m_panel40.CreatePanel(IDD_SECURITY_40, *this, Item(IDC_SECURITY_PANELS));
+    m_panel128.CreatePanel(IDD_SECURITY_128, *this, Item(IDC_SECURITY_PANELS));
     m_use.Bind(*this, IDC_SECURITY_USE, security.Use, {.ids = kUsed});
     m_useUserPassword.Bind(*this, IDC_SECURITY_USE_USER_PASSWORD, m_hasUserPassword, {.ids = kUserPassword});
     m_useOwnerPassword.Bind(*this, IDC_SECURITY_USE_OWNER_PASSWORD, m_hasOwnerPassword,

@@ -5,20 +5,15 @@
 #include "resources/ids/security.h"
 
 namespace vmk {
-// SecurityPanel
 
-void SecurityPanel::CreatePanel(const CDialogEnv& env, HWND container) {
+void SecurityPanel::CreatePanel(UINT templateId, const CDialogEnv& env, HWND container) {
     SetEnvironment(env.ForChild());
-    if (!Create(m_templateId, container)) throw std::bad_alloc();
+    if (!Create(templateId, container)) throw std::bad_alloc();
 }
 
 void SecurityPanel::StorePanel() {
     if (IsApplyEnabled()) StoreValues();
 }
-
-// CDlgSec40
-
-CDlgSec40::CDlgSec40() : SecurityPanel(IDD_SECURITY_40) {}
 
 void CDlgSec40::OnInitDialog() {
     auto& permissions = settings->Security.Bits40;
@@ -28,10 +23,6 @@ void CDlgSec40::OnInitDialog() {
     m_comments.Bind(*this, IDC_SECURITY_40_COMMENTS, permissions.AllowComments);
     m_comments.SetNextFocus(m_printing.Handle());
 }
-
-// CDlgSec128
-
-CDlgSec128::CDlgSec128() : SecurityPanel(IDD_SECURITY_128) {}
 
 void CDlgSec128::OnInitDialog() {
     auto& permissions = settings->Security.Bits128;

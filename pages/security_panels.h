@@ -9,26 +9,16 @@ namespace vmk {
 // The permissions that go with one encryption level: a child dialog inside the Security page, created hidden.
 class SecurityPanel : public BoundDialog {
   public:
-    // Creates the panel inside the page's container. Throws std::bad_alloc when that fails.
-    void CreatePanel(const CDialogEnv& env, HWND container);
+    // Creates the panel from its template inside the page's container. Throws std::bad_alloc when that fails.
+    void CreatePanel(UINT templateId, const CDialogEnv& env, HWND container);
 
     void ShowPanel(bool show) const noexcept { ShowWindow(Handle(), show ? SW_SHOW : SW_HIDE); }
 
     // Writes the permissions into the settings, if there are changes that are not applied yet.
     void StorePanel();
-
-  protected:
-    explicit SecurityPanel(UINT templateId) : m_templateId(templateId) {}
-
-  private:
-    UINT m_templateId;
 };
 
 class CDlgSec40 final : public SecurityPanel {
-  public:
-    CDlgSec40();
-
-  private:
     void OnInitDialog() override;
 
     CMyCheckbox m_printing;
@@ -38,10 +28,6 @@ class CDlgSec40 final : public SecurityPanel {
 };
 
 class CDlgSec128 final : public SecurityPanel {
-  public:
-    CDlgSec128();
-
-  private:
     void OnInitDialog() override;
 
     CMyCheckbox m_access;

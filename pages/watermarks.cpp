@@ -7,11 +7,7 @@
 namespace vmk {
 namespace {
 
-class CDlgWatermarks final : public CPage {
-  public:
-    CDlgWatermarks() : CPage(IDD_WATERMARKS) {}
-
-  private:
+class CDlgWatermarks final : public PageFrom<IDD_WATERMARKS> {
     void LoadPage() override { m_print.Bind(*this, IDC_WATERMARKS_PRINT, settings->Watermarks.Print); }
 
     CMyCheckbox m_print;

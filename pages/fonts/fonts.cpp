@@ -29,11 +29,7 @@ constexpr MoveButton kMoveButtons[] = {
     {IDC_FONTS_REMOVE_NEVER, IDC_FONTS_NEVER, IDC_FONTS_AVAILABLE},
 };
 
-class CDlgFonts final : public CPage {
-  public:
-    CDlgFonts() : CPage(IDD_FONTS) {}
-
-  private:
+class CDlgFonts final : public PageFrom<IDD_FONTS> {
     void LoadPage() override;
     void StorePage() override;
     bool OnCommand(Command command) override;
