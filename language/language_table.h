@@ -26,7 +26,8 @@ class LanguageTable {
     bool empty() const { return m_rows.empty(); }
 
   private:
-    std::vector<LanguageEntry> m_rows;   // sorted by source
+    std::vector<LanguageEntry> m_rows;   // bucket after bucket
+    std::vector<std::size_t> m_begins;   // of each bucket, and where the last one ends
     std::unique_ptr<wchar_t[]> m_texts;  // what the rows point into
 };
 

@@ -3,9 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <functional>
 #include <map>
 #include <random>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -114,6 +118,30 @@ TEST(LanguageTable, AgreesWithAMapOnManyTextsThatShareTheirBeginnings) {
     for (const auto& [source, translation] : expected) {
         EXPECT_EQ(table.Find(source), translation);
         EXPECT_EQ(table.Find(std::wstring(source) + L'c').has_value(), false);
+    }
+}
+
+/// Texts that the table puts all in one place, as somebody would choose them to make it slow.
+std::vector<std::wstring> TextsInOneBucket(std::size_t count) {
+    std::vector<std::wstring> texts;
+    for (int i = 0; texts.size() < count; ++i) {
+        std::wstring text = L"text " + std::to_wstring(i);
+        if (std::hash<std::wstring_view>{}(text) % std::bit_ceil(2 * count) == 0) texts.push_back(text);
+    }
+    return texts;
+}
+
+TEST(LanguageTable, TextsOfOneBucketAreAllFoundAndTheFirstOfEachCounts) {
+    const std::vector<std::wstring> texts = TextsInOneBucket(100);
+    std::vector<LanguageEntry> entries;
+    for (const std::wstring& text : texts) entries.push_back({text, text});
+    for (const std::wstring& text : texts) entries.push_back({text, L"later"});
+    std::shuffle(entries.begin(), entries.begin() + 100, std::mt19937(1));  // NOLINT(cert-msc51-cpp)
+    const LanguageTable table = TableOf(entries);
+    EXPECT_EQ(table.size(), texts.size());
+    for (const std::wstring& text : texts) {
+        EXPECT_EQ(table.Find(text), text);
+        EXPECT_FALSE(table.Find(text + L'a'));
     }
 }
 
