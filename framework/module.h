@@ -8,12 +8,13 @@
 #include "base/critical_section.h"
 #include "base/library.h"
 #include "framework/creation_list.h"
+#include "framework/window_table.h"
 
 namespace vmk {
 
-// What belongs to the loaded module as a whole: its instance handle, its lock count, its one critical section
-// and the list of objects whose windows are being created. Each binary defines exactly one, as a static; it
-// dies when the binary is unloaded.
+// What belongs to the loaded module as a whole: its instance handle, its lock count, its one critical
+// section, the list of objects whose windows are being created and the table of those that have theirs. Each
+// binary defines exactly one, as a static; it dies when the binary is unloaded.
 class Module {
   public:
     Module() noexcept;
@@ -46,6 +47,8 @@ class Module {
 
     CreationList& Creations() noexcept { return m_creations; }
 
+    WindowTable& Windows() noexcept { return m_windows; }
+
   private:
     static Module* s_module;
 
@@ -54,6 +57,7 @@ class Module {
     CriticalSection m_guard;
     UniqueLibrary m_kept;
     CreationList m_creations{m_guard};
+    WindowTable m_windows{m_guard};
 };
 
 }  // namespace vmk

@@ -2,34 +2,34 @@
 
 #include <utility>
 
+#include "framework/module.h"
+#include "framework/window_table.h"
+
 namespace vmk {
 namespace {
 
-// Window properties: the attached object, and the procedure that was replaced. The second stays when the
-// object goes before its window and somebody else has subclassed the window since: their procedure still
-// calls ours.
-constexpr wchar_t kObjectProperty[] = L"vmkctrl.Object";
+// A window property: the procedure that was replaced, where the object has gone before its window and
+// somebody else had subclassed the window since. Their procedure still calls ours.
 constexpr wchar_t kSuperProcProperty[] = L"vmkctrl.SuperProc";
 
-WNDPROC SuperProc(HWND hwnd) noexcept {
+WNDPROC LeftSuperProc(HWND hwnd) noexcept {
     const auto proc = reinterpret_cast<WNDPROC>(GetPropW(hwnd, kSuperProcProperty));
     return proc ? proc : DefWindowProcW;
 }
 
-bool SetProperties(HWND hwnd, WNDPROC superProc, Window* object) noexcept {
-    if (!SetPropW(hwnd, kSuperProcProperty, reinterpret_cast<HANDLE>(superProc))) return false;
-    if (SetPropW(hwnd, kObjectProperty, object)) return true;
-    RemovePropW(hwnd, kSuperProcProperty);
-    return false;
-}
-
-void RemoveProperties(HWND hwnd) noexcept {
-    RemovePropW(hwnd, kObjectProperty);
-    RemovePropW(hwnd, kSuperProcProperty);
+WindowTable& AttachedWindows() noexcept {
+    return Module::Get().Windows();
 }
 
 WNDPROC CurrentProc(HWND hwnd) noexcept {
     return reinterpret_cast<WNDPROC>(GetWindowLongPtrW(hwnd, GWLP_WNDPROC));
+}
+
+// Where the object has gone and somebody else's procedure still calls ours, ours must not come a second time.
+// A window that nobody has subclassed since it was made need not be asked.
+bool MayStillCallUs(HWND hwnd, WNDPROC proc) noexcept {
+    const auto classProc = reinterpret_cast<WNDPROC>(GetClassLongPtrW(hwnd, GCLP_WNDPROC));
+    return proc != classProc && GetPropW(hwnd, kSuperProcProperty) != nullptr;
 }
 
 // No window is without a procedure, so that no former one means failure.
@@ -74,42 +74,45 @@ Window::~Window() {
 
 bool Window::SubclassWindow(HWND hwnd) noexcept {
     const WNDPROC superProc = CurrentProc(hwnd);
-    const bool isFree = !m_hwnd && superProc && !GetPropW(hwnd, kSuperProcProperty);
-    if (!isFree || !SetProperties(hwnd, superProc, this)) {
-        SetLastError(ERROR_OUTOFMEMORY);
-        return false;
-    }
-    if (!ReplaceProc(hwnd, WindowProc)) {
-        RemoveProperties(hwnd);
+    const bool isFree =
+        !m_hwnd && superProc && !AttachedWindows().Find(hwnd) && !MayStillCallUs(hwnd, superProc);
+    if (!isFree || !ReplaceProc(hwnd, WindowProc)) {
         SetLastError(ERROR_OUTOFMEMORY);
         return false;
     }
     m_hwnd = hwnd;
+    m_superProc = superProc;
+    AttachedWindows().Add(*this);
     return true;
 }
 
 Window* Window::FromHandle(HWND hwnd) noexcept {
     // Objects belong to the thread of their window.
     if (!hwnd || GetWindowThreadProcessId(hwnd, nullptr) != GetCurrentThreadId()) return nullptr;
-    return static_cast<Window*>(GetPropW(hwnd, kObjectProperty));
+    return AttachedWindows().Find(hwnd);
+}
+
+// Whether the window has its former procedure again.
+bool Window::LetGo() noexcept {
+    AttachedWindows().Remove(*this);
+    HWND hwnd = std::exchange(m_hwnd, nullptr);
+    const WNDPROC superProc = std::exchange(m_superProc, DefWindowProcW);
+    return CurrentProc(hwnd) == WindowProc && ReplaceProc(hwnd, superProc);
 }
 
 void Window::Detach() noexcept {
     HWND hwnd = m_hwnd;
-    m_hwnd = nullptr;
-    RemovePropW(hwnd, kObjectProperty);
-    if (CurrentProc(hwnd) != WindowProc) return;
-    if (ReplaceProc(hwnd, SuperProc(hwnd))) RemovePropW(hwnd, kSuperProcProperty);
+    const WNDPROC superProc = m_superProc;
+    if (!LetGo()) SetPropW(hwnd, kSuperProcProperty, reinterpret_cast<HANDLE>(superProc));
 }
 
 void Window::DetachForEver() noexcept {
     m_lastWindow = m_hwnd;
-    Detach();
-    RemovePropW(m_lastWindow, kSuperProcProperty);
+    LetGo();
 }
 
 LRESULT Window::DefaultProc(UINT msg, WPARAM wParam, LPARAM lParam) const noexcept {
-    return CallWindowProcW(SuperProc(m_hwnd), m_hwnd, msg, wParam, lParam);
+    return CallWindowProcW(m_superProc, m_hwnd, msg, wParam, lParam);
 }
 
 std::optional<LRESULT> Window::Dispatch(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept {
@@ -125,9 +128,9 @@ std::optional<LRESULT> Window::Dispatch(HWND hwnd, UINT msg, WPARAM wParam, LPAR
 }
 
 LRESULT CALLBACK Window::WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept {
-    const WNDPROC superProc = SuperProc(hwnd);
-    auto* const object = static_cast<Window*>(GetPropW(hwnd, kObjectProperty));
-    if (!object) return CallWindowProcW(superProc, hwnd, msg, wParam, lParam);
+    Window* const object = AttachedWindows().Find(hwnd);
+    if (!object) return CallWindowProcW(LeftSuperProc(hwnd), hwnd, msg, wParam, lParam);
+    const WNDPROC superProc = object->m_superProc;
 
     const Handling handling(*object);
     const std::optional<LRESULT> answer = object->Dispatch(hwnd, msg, wParam, lParam);

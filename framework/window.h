@@ -43,17 +43,21 @@ class Window {
 
   private:
     friend class Dialog;
+    friend class WindowTable;
     class Handling;
 
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept;
 
     std::optional<LRESULT> Dispatch(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept;
+    bool LetGo() noexcept;
     void Detach() noexcept;
     void DetachForEver() noexcept;
 
     HWND m_hwnd = nullptr;
-    HWND m_lastWindow = nullptr;     // detached by its last message, OnFinalMessage still to come
-    Handling* m_handling = nullptr;  // the innermost message
+    WNDPROC m_superProc = DefWindowProcW;  // what the object's window had before
+    Window* m_nextInTable = nullptr;       // WindowTable's
+    HWND m_lastWindow = nullptr;           // detached by its last message, OnFinalMessage still to come
+    Handling* m_handling = nullptr;        // the innermost message
 };
 
 }  // namespace vmk

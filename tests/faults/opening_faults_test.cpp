@@ -115,7 +115,6 @@ TEST_P(OpeningWithAFault, OfMemoryForGoodIsSurvived) {
 }
 
 TEST_P(OpeningWithAFault, OfAttachingIsSurvived) {
-    OpenWithSomeFailing("SetPropW", 4);
     OpenWithSomeFailing("SetWindowLongPtrW", 4);
 }
 
