@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "controls/check_state.h"
 #include "controls/focus.h"
 #include "controls/radio_focus.h"
 #include "framework/reflection.h"
@@ -53,11 +54,11 @@ void BoundDialog::StoreValues() const {
 }
 
 bool BoundDialog::IsItemChecked(UINT id) const noexcept {
-    return SendMessageW(Item(id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+    return IsChecked(Item(id));
 }
 
 void BoundDialog::CheckItem(UINT id, bool check) const noexcept {
-    SendMessageW(Item(id), BM_SETCHECK, check ? BST_CHECKED : BST_UNCHECKED, 0);
+    SetChecked(Item(id), check);
 }
 
 void BoundDialog::ClickItem(UINT id) const noexcept {
@@ -73,7 +74,7 @@ std::optional<LRESULT> BoundDialog::ProcessWindowMessage(HWND hwnd, UINT msg, WP
             TranslateWindowTexts(hwnd);
             ForgetValues();
             OnInitDialog();
-            PrepareRadioButtons(hwnd);
+            if (m_hasRadioButtons) PrepareRadioButtons(hwnd);
             return TRUE;
         case WM_COMMAND:
             return HandleCommand(wParam, lParam);

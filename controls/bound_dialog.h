@@ -22,6 +22,9 @@ class BoundDialog : public Dialog, public CDialogEnv {
     void Register(BoundValue& value) noexcept;
     void Unregister(BoundValue& value) noexcept;
 
+    // Says that there are radio buttons, which have to be prepared once they show their setting.
+    void ExpectRadioButtons() noexcept { m_hasRadioButtons = true; }
+
     void EnableItem(UINT id, bool enable) const noexcept { EnableWindow(Item(id), enable); }
     void EnableItems(std::span<const UINT> ids, bool enable) const noexcept;
     // Enables or disables controls. Those that are enabled by it, and switch others, do so then.
@@ -59,6 +62,7 @@ class BoundDialog : public Dialog, public CDialogEnv {
     bool StepOnSpin(const NMHDR& header) const;
 
     BoundValue* m_values = nullptr;  // the first; each knows the next
+    bool m_hasRadioButtons = false;
     bool m_isFocusReturning = false;
 };
 

@@ -17,12 +17,12 @@ void CMyCheckbox::BindBit(BoundDialog& page, UINT id, std::int32_t& field, std::
 
 void CMyCheckbox::Show() {
     const bool on = (m_stored & m_bits) != 0;
-    Page().CheckItem(Id(), on);
+    SetChecked(Handle(), on);
     if (IsEnabled() && (on || !m_dependents.offByClickOnly)) SwitchOthers();
 }
 
 void CMyCheckbox::SetCheck(bool checked) {
-    Page().CheckItem(Id(), checked);
+    SetChecked(Handle(), checked);
     SwitchOthers();
 }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "controls/bound_control.h"
+#include "controls/check_state.h"
 
 namespace vmk {
 
@@ -20,7 +21,7 @@ class CMyCheckbox final : public BoundControl {
 
     // Checks or unchecks and switches the dependents.
     void SetCheck(bool checked);
-    bool IsChecked() const { return Page().IsItemChecked(Id()); }
+    bool IsChecked() const { return vmk::IsChecked(Handle()); }
 
     void Store() override;
 

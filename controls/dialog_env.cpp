@@ -9,7 +9,8 @@ std::wstring CDialogEnv::Translate(std::wstring_view text) const {
 }
 
 void CDialogEnv::TranslateWindowTexts(HWND window) const {
-    if (translator) translator->TranslateWindow(window, true);
+    // Without a language each text would only be set again as it is.
+    if (translator && translator->HasLanguage()) translator->TranslateWindow(window, true);
 }
 
 void CDialogEnv::TranslateMenuTexts(HMENU menu) const {

@@ -9,7 +9,8 @@ void CMyEditText::Bind(BoundDialog& page, UINT id, std::wstring& field) {
     m_field = &field;
     // A box takes no typing beyond the limit that it starts with; a text has none of its own.
     SendMessageW(Handle(), EM_SETLIMITTEXT, 0, 0);
-    Show();
+    // A box begins empty.
+    if (!field.empty()) Show();
 }
 
 void CMyEditText::Store() {

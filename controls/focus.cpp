@@ -55,8 +55,11 @@ void MoveFocusByKeyboard(HWND window) noexcept {
     GiveFocus(window);
 }
 
+// Before a dialog is on screen its controls report a lot, and none of them has the focus.
 FocusKeeper::FocusKeeper(HWND sender) noexcept
-    : m_sender(sender), m_before(TakesKeys(GetFocus()) ? GetFocus() : nullptr) {}
+    : m_sender(sender), m_before(IsWindowVisible(WholeDialog(sender)) ? GetFocus() : nullptr) {
+    if (!TakesKeys(m_before)) m_before = nullptr;
+}
 
 FocusKeeper::~FocusKeeper() {
     if (!m_before || TakesKeys(GetFocus())) return;

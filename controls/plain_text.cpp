@@ -10,9 +10,11 @@ void PlainText::Bind(BoundDialog& page, UINT id, std::wstring& field) {
     m_field = &field;
     page.Register(*this);
     // A box takes no typing beyond the limit that it starts with. Each kind knows one of these.
-    SendMessageW(page.Item(id), EM_SETLIMITTEXT, 0, 0);
-    SendMessageW(page.Item(id), CB_LIMITTEXT, 0, 0);
-    SetWindowTextW(page.Item(id), field.c_str());
+    HWND box = page.Item(id);
+    SendMessageW(box, EM_SETLIMITTEXT, 0, 0);
+    SendMessageW(box, CB_LIMITTEXT, 0, 0);
+    // A box begins empty.
+    if (!field.empty()) SetWindowTextW(box, field.c_str());
 }
 
 void PlainText::Store() {

@@ -6,6 +6,7 @@ namespace vmk {
 
 void CMyRadioButton::Bind(BoundDialog& page, UINT id, std::int32_t& field, const Options& options) {
     Attach(page, id);
+    page.ExpectRadioButtons();
     m_field = &field;
     m_options = options;
 }

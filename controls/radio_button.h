@@ -4,6 +4,7 @@
 #include <span>
 
 #include "controls/bound_control.h"
+#include "controls/check_state.h"
 
 namespace vmk {
 
@@ -28,8 +29,8 @@ class CMyRadioButton final : public BoundControl {
     void Bind(BoundDialog& page, UINT id, std::int32_t& field, const Options& options);
 
     // Checks the button if the field has its value, and unchecks it otherwise.
-    void Show() { Page().CheckItem(Id(), *m_field == m_options.value); }
-    bool IsChecked() const { return Page().IsItemChecked(Id()); }
+    void Show() { SetChecked(Handle(), *m_field == m_options.value); }
+    bool IsChecked() const { return vmk::IsChecked(Handle()); }
 
     // Writes the button's value into the field if the button is checked.
     void Store() override;

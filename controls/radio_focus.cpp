@@ -1,5 +1,7 @@
 #include "controls/radio_focus.h"
 
+#include "controls/check_state.h"
+
 namespace vmk {
 namespace {
 
@@ -9,12 +11,8 @@ LONG StyleOf(HWND window) noexcept {
 
 // A radio button that checks itself when it is clicked; the other kind leaves that to its dialog.
 bool IsRadioButton(HWND window) noexcept {
-    return (SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0 &&
-           (StyleOf(window) & BS_TYPEMASK) == BS_AUTORADIOBUTTON;
-}
-
-bool IsChecked(HWND button) noexcept {
-    return SendMessageW(button, BM_GETCHECK, 0, 0) == BST_CHECKED;
+    return (StyleOf(window) & BS_TYPEMASK) == BS_AUTORADIOBUTTON &&
+           (SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0;
 }
 
 void MakeTabStop(HWND window, bool stop) noexcept {

@@ -10,6 +10,7 @@ void RadioGroup::Bind(BoundDialog& page, std::int32_t& field, std::span<const Ra
     m_items = items;
     m_working = field;
     page.Register(*this);
+    page.ExpectRadioButtons();
     Show(other);
 }
 

@@ -161,8 +161,7 @@ void CDlgMain::HoldBackChanges() noexcept {
 void CDlgMain::OpenLanguage() {
     const LANGID language = m_options.language ? m_options.language : GetUserDefaultLangID();
     if (!m_translator.OpenLanguageSession(LanguageFolder(), kProduct)) return;
-    m_translator.SelectLanguage(language);
-    m_translator.TranslateWindow(Handle(), true);
+    if (m_translator.SelectLanguage(language)) m_translator.TranslateWindow(Handle(), true);
 }
 
 }  // namespace vmk

@@ -4,6 +4,7 @@
 #include <new>
 #include <string>
 
+#include "base/drawing_pause.h"
 #include "controls/focus.h"
 #include "resources/ids/main.h"
 #include "settings/groups.h"
@@ -50,13 +51,20 @@ HWND CDlgSettings::List() const {
 }
 
 void CDlgSettings::OnInitDialog() {
-    PrepareList();
+    {
+        const DrawingPause pause(List());
+        PrepareList();
+        AddPages();
+    }
+    SelectFirstPage();
+}
+
+void CDlgSettings::AddPages() {
     // A page that has a window must never be without an owner: there is room for all of them beforehand.
     m_pages.reserve(PageTable().size());
     for (const PageRow& row : PageTable()) {
         if (pageSet & row.bit) AddPage(row);
     }
-    SelectFirstPage();
 }
 
 void CDlgSettings::PrepareList() {

@@ -32,6 +32,7 @@ class CDlgSettings final : public Dialog, public CDialogEnv {
 
     void OnInitDialog();
     void PrepareList();
+    void AddPages();
     void AddPage(const PageRow& row);
     int InsertName(const PageRow& row) const;
     void SelectFirstPage() const;

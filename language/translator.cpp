@@ -54,6 +54,10 @@ bool Translator::SelectLanguage(std::uint32_t langid) {
     return m_session && m_session->SelectLanguage(langid);
 }
 
+bool Translator::HasLanguage() const {
+    return m_session && m_session->Current() >= 0;
+}
+
 std::wstring Translator::TranslateString(std::wstring_view text) const {
     return std::wstring(m_session ? m_session->TranslateString(text) : text);
 }

@@ -29,6 +29,9 @@ class Translator {
     /// language selected before then stays.
     bool SelectLanguage(std::uint32_t langid);
 
+    /// Whether a language is selected.
+    bool HasLanguage() const;
+
     /// The translation of exactly this text, or else the text itself.
     std::wstring TranslateString(std::wstring_view text) const;
 

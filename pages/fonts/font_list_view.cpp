@@ -4,24 +4,12 @@
 #include <cstddef>
 #include <new>
 
+#include "base/drawing_pause.h"
+
 namespace vmk {
 namespace {
 
 constexpr int kNameLimit = 256;  // with the terminator
-
-// No drawing between many changes.
-class DrawingPause {
-  public:
-    explicit DrawingPause(HWND window) noexcept : m_window(window) {
-        SendMessageW(window, WM_SETREDRAW, FALSE, 0);
-    }
-    ~DrawingPause() { SendMessageW(m_window, WM_SETREDRAW, TRUE, 0); }
-    DrawingPause(const DrawingPause&) = delete;
-    DrawingPause& operator=(const DrawingPause&) = delete;
-
-  private:
-    HWND m_window;
-};
 
 void InsertFace(HWND list, FontFace& face) {
     LVITEMW item{};

@@ -70,6 +70,16 @@ TEST_F(Translators, WithoutLanguageTextsComeBackUnchanged) {
     EXPECT_EQ(m_translator.TranslateString(L"OK"), L"OK");
 }
 
+TEST_F(Translators, KnowWhetherALanguageIsSelected) {
+    EXPECT_FALSE(m_translator.HasLanguage());
+    ASSERT_TRUE(m_translator.OpenLanguageSession(m_folder.NarrowPath(), kProduct));
+    EXPECT_FALSE(m_translator.HasLanguage());
+    EXPECT_FALSE(m_translator.SelectLanguage(0x807));
+    EXPECT_FALSE(m_translator.HasLanguage());
+    EXPECT_TRUE(m_translator.SelectLanguage(0x407));
+    EXPECT_TRUE(m_translator.HasLanguage());
+}
+
 TEST_F(Translators, TextsOfTheSelectedLanguageAreTranslated) {
     OpenGerman();
     EXPECT_EQ(m_translator.TranslateString(L"OK"), L"Ja");
