@@ -1,10 +1,11 @@
 // What looking up and selecting a language cost: lookup against gettext() on the same texts, the growth of
-// selecting a language with the number of its texts, and the speed of reading a file.
+// selecting a language with the number of its texts, and the speed of reading and indexing a file.
 
 #include <libintl.h>
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <clocale>
 #include <cstddef>
 #include <cstdio>
@@ -12,14 +13,14 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
-#include <limits>
+#include <functional>
 #include <random>
-#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "bench/figures.h"
 #include "language/language_file.h"
 #include "language/language_table.h"
 
@@ -33,16 +34,10 @@ double Now() {
     return static_cast<double>(now.tv_sec) * 1e9 + static_cast<double>(now.tv_nsec);
 }
 
-/// The fastest of the rounds that a second and a half holds, in nanoseconds per item.
-template <typename Function>
-double NanosecondsPerItem(std::size_t items, Function&& round) {
-    double best = std::numeric_limits<double>::infinity();
-    for (const double start = Now(); Now() - start < 1.5e9;) {
-        const double begin = Now();
-        round();
-        best = std::min(best, Now() - begin);
-    }
-    return best / static_cast<double>(items);
+double Nanoseconds(auto&& work) {
+    const double begin = Now();
+    work();
+    return Now() - begin;
 }
 
 /// Texts as dialogs have them: several words, many with the same beginning, none twice, in no order.
@@ -118,75 +113,118 @@ class Catalogues {
     std::filesystem::path m_folder;
 };
 
-struct Times {
-    double select;   // reading the file and building the table, per entry
-    double lookup;   // per text
-    double gettext;  // per text
-};
+constexpr int kRounds = 21;
+constexpr std::size_t kMostTexts = 100000;  // of one file, and what each measurement treats in all
 
-constexpr std::size_t kMostTexts = 100000;
-
-/// Selecting languages of so many texts, one after the other until the most have been read: were it the same
-/// small file again and again, the processor would know it by heart.
-double MeasureSelect(std::size_t count) {
+/// Language files of so many texts, as many as the largest has texts: were it the same small file again and
+/// again, the processor would know it by heart.
+std::vector<std::vector<std::byte>> LanguageFilesOf(std::size_t count) {
     std::vector<std::vector<std::byte>> files;
     for (unsigned seed = 0; seed < kMostTexts / count; ++seed)
         files.push_back(LanguageFileOf(MakeTexts(count, seed)));
-    return NanosecondsPerItem(kMostTexts, [&] {
-        for (const std::vector<std::byte>& bytes : files) {
-            const LanguageTable table(ReadLanguageFile(bytes).value());
-            if (table.size() != count) throw std::runtime_error("texts are missing");
-        }
-    });
+    return files;
 }
 
-Times Measure(const Catalogues& catalogues, std::size_t count) {
+/// Reads and indexes the files one after the other.
+void Select(const std::vector<std::vector<std::byte>>& files, std::size_t count) {
+    for (const std::vector<std::byte>& bytes : files) {
+        const LanguageTable table(ReadLanguageFile(bytes).value());
+        if (table.size() != count) throw std::runtime_error("texts are missing");
+    }
+}
+
+void CompareSelecting() {
+    const auto few = LanguageFilesOf(1000);
+    const auto many = LanguageFilesOf(kMostTexts);
+    std::vector<double> fewTimes;
+    std::vector<double> manyTimes;
+    std::vector<double> speeds;  // MB/s
+    for (int round = 0; round < kRounds; ++round) {
+        fewTimes.push_back(Nanoseconds([&] { Select(few, 1000); }));
+        manyTimes.push_back(Nanoseconds([&] { Select(many, kMostTexts); }));
+        speeds.push_back(1e3 * static_cast<double>(many[0].size()) / manyTimes.back());
+    }
+    std::printf("selecting a language: %.0f ns per text of 1,000, %.0f ns per text of 100,000\n",
+                Median(fewTimes) / kMostTexts, Median(manyTimes) / kMostTexts);
+    PrintRow("selecting a language: MB/s", SpreadOf(speeds), AtLeast(100));
+    PrintRow("selecting a language: per text of 100,000 to one of 1,000", RatioOf(manyTimes, fewTimes),
+             AtMost(1.5));
+}
+
+/// Texts that a table of up to so many puts into the same one of its buckets, as somebody would choose them
+/// to make it slow.
+std::vector<std::string> TextsOfOneBucket(std::size_t count) {
+    std::vector<std::string> texts;
+    for (std::size_t i = 0; texts.size() < count; ++i) {
+        const std::string text = "text " + std::to_string(i);
+        const std::wstring wide(text.begin(), text.end());
+        if (std::hash<std::wstring_view>{}(wide) % std::bit_ceil(count) == 0) texts.push_back(text);
+    }
+    std::ranges::shuffle(texts, std::mt19937(1));
+    return texts;
+}
+
+/// Were the work to grow with the square of the number, four times the texts would take four times as long
+/// each.
+void CompareChosenTexts() {
+    constexpr std::size_t kMany = 4096;
+    std::vector<std::string> texts = TextsOfOneBucket(kMany);
+    const std::vector<std::vector<std::byte>> many(8, LanguageFileOf(texts));
+    texts.resize(kMany / 4);
+    const std::vector<std::vector<std::byte>> few(32, LanguageFileOf(texts));
+    std::vector<double> fewTimes;
+    std::vector<double> manyTimes;
+    for (int round = 0; round < kRounds; ++round) {
+        fewTimes.push_back(Nanoseconds([&] { Select(few, kMany / 4); }));
+        manyTimes.push_back(Nanoseconds([&] { Select(many, kMany); }));
+    }
+    std::printf("texts chosen to be slow: %.0f ns per text of %zu, %.0f ns per text of %zu\n",
+                Median(fewTimes) / (8 * kMany), kMany / 4, Median(manyTimes) / (8 * kMany), kMany);
+    PrintRow("texts chosen to be slow: per text of 4,096 to one of 1,024", RatioOf(manyTimes, fewTimes),
+             AtMost(2));
+}
+
+void CompareLookup(const Catalogues& catalogues, std::size_t count) {
     std::vector<std::string> texts = MakeTexts(count, 1);
     catalogues.Use("bench" + std::to_string(count), texts);
     const LanguageTable table(ReadLanguageFile(LanguageFileOf(texts)).value());
 
-    std::shuffle(texts.begin(), texts.end(), std::mt19937(1));
+    std::ranges::shuffle(texts, std::mt19937(1));
     std::vector<std::wstring> wideTexts;
     wideTexts.reserve(texts.size());
     for (const std::string& text : texts) wideTexts.emplace_back(text.begin(), text.end());
 
     std::size_t found = 0;
-    Times times{};
-    times.select = MeasureSelect(count);
-    times.lookup = NanosecondsPerItem(count, [&] {
+    std::vector<double> ours;
+    std::vector<double> theirs;
+    const auto oursOnce = [&] {
         for (const std::wstring& text : wideTexts) found += table.Find(text).value().size();
-    });
-    times.gettext = NanosecondsPerItem(count, [&] {
+    };
+    const auto theirsOnce = [&] {
         for (const std::string& text : texts) found += static_cast<unsigned char>(*gettext(text.c_str()));
-    });
+    };
+    const auto often = [&](auto&& once) {
+        return Nanoseconds([&] {
+            for (std::size_t done = 0; done < kMostTexts; done += count) once();
+        });
+    };
+    for (int round = 0; round < kRounds; ++round) {
+        ours.push_back(often(oursOnce));
+        theirs.push_back(often(theirsOnce));
+    }
     if (found == 0) throw std::runtime_error("nothing was found");
-    return times;
-}
-
-void PrintReadingSpeed() {
-    const std::vector<std::byte> bytes = LanguageFileOf(MakeTexts(300000, 1));
-    std::size_t entries = 0;
-    const double full =
-        NanosecondsPerItem(bytes.size(), [&] { entries += ReadLanguageFile(bytes).value().entries.size(); });
-    const double header =
-        NanosecondsPerItem(bytes.size(), [&] { entries += ReadLanguageHeader(bytes).value().langid; });
-    if (entries == 0) throw std::runtime_error("nothing was read");
-    std::printf("reading a file of %.0f MB: %.0f MB/s; its header only: %.0f MB/s\n",
-                static_cast<double>(bytes.size()) / 1e6, 1e3 / full, 1e3 / header);
+    std::printf("looking up one of %zu texts: %.0f ns, gettext() %.0f ns\n", count, Median(ours) / kMostTexts,
+                Median(theirs) / kMostTexts);
+    const std::string what = "looking up one of " + std::to_string(count) + " texts: to gettext()";
+    PrintRow(what.c_str(), RatioOf(ours, theirs), AtMost(1));
 }
 
 void Run() {
     const Catalogues catalogues;
-    std::printf("%8s | %22s | %30s\n", "", "select, per entry", "lookup, per text");
-    std::printf("%8s | %11s %10s | %9s %9s %10s\n", "texts", "ns", "to 1,000", "ns", "gettext", "to gettext");
-    double smallest = 0;
-    for (const std::size_t count : {std::size_t{1000}, std::size_t{10000}, kMostTexts}) {
-        const Times times = Measure(catalogues, count);
-        if (smallest == 0) smallest = times.select;
-        std::printf("%8zu | %11.1f %10.2f | %9.1f %9.1f %10.2f\n", count, times.select,
-                    times.select / smallest, times.lookup, times.gettext, times.lookup / times.gettext);
-    }
-    PrintReadingSpeed();
+    for (const std::size_t count : {std::size_t{1000}, std::size_t{10000}, kMostTexts})
+        CompareLookup(catalogues, count);
+    CompareSelecting();
+    CompareChosenTexts();
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -11,22 +12,22 @@ namespace vmk::test {
 namespace {
 
 // More windows than the table has chains.
-constexpr int kMany = 600;
+constexpr std::size_t kMany = 600;
 
 TEST(WindowTable, TellsManyWindowsApart) {
     std::vector<UniqueWindow> windows;
     std::vector<std::unique_ptr<RecordingWindow>> objects;
-    for (int i = 0; i < kMany; ++i) {
+    for (std::size_t i = 0; i < kMany; ++i) {
         windows.push_back(HiddenWindow(L"STATIC"));
         objects.push_back(std::make_unique<RecordingWindow>());
         ASSERT_TRUE(objects.back()->SubclassWindow(windows.back().get()));
     }
-    for (int i = 0; i < kMany; ++i) EXPECT_EQ(Window::FromHandle(windows[i].get()), objects[i].get());
+    for (std::size_t i = 0; i < kMany; ++i) EXPECT_EQ(Window::FromHandle(windows[i].get()), objects[i].get());
 
     // Some go before their windows, some after.
-    for (int i = 0; i < kMany; i += 3) objects[i].reset();
-    for (int i = 1; i < kMany; i += 3) windows[i].reset();
-    for (int i = 0; i < kMany; ++i) {
+    for (std::size_t i = 0; i < kMany; i += 3) objects[i].reset();
+    for (std::size_t i = 1; i < kMany; i += 3) windows[i].reset();
+    for (std::size_t i = 0; i < kMany; ++i) {
         if (i % 3 != 1) {
             EXPECT_EQ(Window::FromHandle(windows[i].get()), objects[i].get());
         }
