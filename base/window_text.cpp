@@ -1,5 +1,7 @@
 #include "base/window_text.h"
 
+#include <new>
+
 namespace vmk {
 
 std::wstring WindowText(HWND hwnd, int limit) {
@@ -10,6 +12,10 @@ std::wstring WindowText(HWND hwnd, int limit) {
 
 std::wstring WindowText(HWND hwnd) {
     return WindowText(hwnd, GetWindowTextLengthW(hwnd));
+}
+
+void ShowText(HWND control, const wchar_t* text) {
+    if (!SetWindowTextW(control, text)) throw std::bad_alloc();
 }
 
 }  // namespace vmk

@@ -61,9 +61,12 @@ Places* PlacesAfter(Places& part) noexcept {
 ThreadExceptions& ExceptionsOfThisThread() noexcept {
     const DWORD thread = GetCurrentThreadId();
     Place* place = PlaceOf(thread);
-    for (Places* part = &firstPlaces; !place && part; part = PlacesAfter(*part))
+    Places* part = &firstPlaces;
+    while (!place) {
+        if (!part) std::abort();
         place = TakePlace(*part, thread);
-    if (!place) std::abort();
+        if (!place) part = PlacesAfter(*part);
+    }
     return place->exceptions;
 }
 

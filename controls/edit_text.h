@@ -14,7 +14,7 @@ class CMyEditText final : public BoundControl {
     void Bind(BoundDialog& page, UINT id, std::wstring& field);
 
     void Show() { SetText(*m_field); }
-    void SetText(const std::wstring& text) { SetWindowTextW(Handle(), text.c_str()); }
+    void SetText(const std::wstring& text) { ShowText(Handle(), text.c_str()); }
     std::wstring Text() const { return WindowText(Handle()); }
 
     // Replaces the field by the whole text on screen. What a password box replaces is wiped from memory.

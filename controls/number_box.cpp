@@ -51,12 +51,14 @@ void NumberBox<Number>::Bind(BoundDialog& page, UINT id, std::int32_t& field, Nu
 template <typename Number>
 void NumberBox<Number>::ShowNumber(Number number) {
     if constexpr (std::is_integral_v<Number>) {
-        SetDlgItemInt(Page().Handle(), static_cast<int>(Id()), static_cast<UINT>(number), TRUE);
+        std::array<wchar_t, 12> text{};
+        std::swprintf(text.data(), text.size(), L"%d", number);
+        ShowText(Handle(), text.data());
     } else {
         std::array<wchar_t, 400> text{};  // the largest double has 309 digits before the point
         std::swprintf(text.data(), text.size(), m_options.format, number);
         // What is there already is not written again: Apply would flicker.
-        if (WindowText(Handle()) != text.data()) SetWindowTextW(Handle(), text.data());
+        if (WindowText(Handle()) != text.data()) ShowText(Handle(), text.data());
     }
 }
 

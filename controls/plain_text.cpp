@@ -14,7 +14,7 @@ void PlainText::Bind(BoundDialog& page, UINT id, std::wstring& field) {
     SendMessageW(box, EM_SETLIMITTEXT, 0, 0);
     SendMessageW(box, CB_LIMITTEXT, 0, 0);
     // A box begins empty.
-    if (!field.empty()) SetWindowTextW(box, field.c_str());
+    if (!field.empty()) ShowText(box, field.c_str());
 }
 
 void PlainText::Store() {

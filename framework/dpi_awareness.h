@@ -15,7 +15,11 @@ class SystemDpiAwareness {
     SystemDpiAwareness& operator=(const SystemDpiAwareness&) = delete;
 
   private:
-    DPI_AWARENESS_CONTEXT m_previous = nullptr;
+    using SetContext = DPI_AWARENESS_CONTEXT WINAPI(DPI_AWARENESS_CONTEXT);
+
+    // Kept for the way back, which must not fail.
+    SetContext* m_set;
+    DPI_AWARENESS_CONTEXT m_previous = nullptr;  // null: the thread's context stays
 };
 
 }  // namespace vmk

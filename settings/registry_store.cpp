@@ -64,6 +64,7 @@ void Widen(std::string_view narrow, std::wstring& wide) {
     wide.resize(narrow.size());  // no code page makes more characters than bytes
     const int length = static_cast<int>(narrow.size());
     const int converted = MultiByteToWideChar(CP_THREAD_ACP, 0, narrow.data(), length, wide.data(), length);
+    if (converted == 0 && length != 0) throw std::bad_alloc();
     wide.resize(static_cast<std::size_t>(converted));
 }
 
@@ -83,7 +84,8 @@ bool LoadText(HKEY key, const char* name, std::wstring& text) {
 
 // The size of the value goes by the characters of the text, not by the bytes of its narrow form: existing
 // data is that way. Zeros follow the narrow form up to one byte behind the value, since the registry looks
-// there for a terminator that was not counted.
+// there for a terminator that was not counted. A text that cannot be converted now is like a write that the
+// registry refuses: what was stored stays.
 void StoreText(HKEY key, const char* name, const std::wstring& text) {
     if (text.size() > INT_MAX / 4) return;  // no registry holds it
     const int length = static_cast<int>(text.size());
@@ -96,10 +98,12 @@ void StoreText(HKEY key, const char* name, const std::wstring& text) {
     try {
         buffer.Reserve(filled);
     } catch (const std::bad_alloc&) {
-        return;  // like a write that the registry refuses: what was stored stays
+        return;
     }
     std::memset(buffer.Data(), 0, filled);
-    WideCharToMultiByte(CP_THREAD_ACP, 0, text.data(), length, buffer.Data(), narrowSize, nullptr, nullptr);
+    const int written = WideCharToMultiByte(CP_THREAD_ACP, 0, text.data(), length, buffer.Data(), narrowSize,
+                                            nullptr, nullptr);
+    if (written == 0 && length != 0) return;
     RegSetValueExA(key, name, 0, REG_SZ, buffer.Bytes(), valueSize);
 }
 

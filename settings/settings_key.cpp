@@ -30,7 +30,10 @@ bool IsPossible(std::wstring_view subKey) {
 std::optional<std::string> SettingsKeyPath(std::wstring_view subKey) {
     if (subKey.size() >= kNoSubKeyFrom) return kRegistryRoot;
     if (!IsPossible(subKey)) return std::nullopt;
-    return kRegistryRoot + Narrow(subKey, CP_THREAD_ACP);
+    const std::string narrow = Narrow(subKey, CP_THREAD_ACP);
+    // The root holds the settings of another key.
+    if (narrow.empty() && !subKey.empty()) return std::nullopt;
+    return kRegistryRoot + narrow;
 }
 
 SettingsKey OpenSettingsKey(const wchar_t* subKey, KeyAccess access) {

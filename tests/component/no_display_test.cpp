@@ -6,6 +6,7 @@
 
 #include "tests/component/class_registry.h"
 #include "tests/component/script_host.h"
+#include "tests/support/host_state.h"
 #include "tests/support/loaded_module.h"
 
 // These run in a session without a display, where no window can be made.
@@ -30,9 +31,10 @@ TEST_F(NoDisplay, TheDialogCannotBeCreated) {
     const auto object = module.CreatePreferences();
     EXPECT_EQ(object->EnablePage(AllPages), S_OK);
     for (int time = 0; time < 3; ++time) {
-        LONG exitCode = 77;
-        EXPECT_EQ(object->OpenDialog(0, &exitCode), S_OK);
-        EXPECT_EQ(exitCode, -1);
+        const OpenedDialog opened = OpenAndCompare(*object, 0);
+        EXPECT_EQ(opened.result, S_OK);
+        EXPECT_EQ(opened.answer, -1);
+        EXPECT_EQ(opened.hostChanges, "");
     }
 }
 

@@ -10,6 +10,7 @@
 #include "resources/ids/main.h"
 #include "resources/ids/overlay.h"
 #include "resources/ids/watermarks.h"
+#include "tests/support/host_state.h"
 #include "tests/support/live_dialog.h"
 #include "tests/support/window_search.h"
 
@@ -144,9 +145,10 @@ class OnceOpen {
 class OpenedByAHost : public testing::Test {
   protected:
     LONG Open() const {
-        LONG answer = 0;
-        EXPECT_EQ(m_object->OpenDialog(kEnglish, &answer), S_OK);
-        return answer;
+        const OpenedDialog opened = OpenAndCompare(*m_object, kEnglish);
+        EXPECT_EQ(opened.result, S_OK);
+        EXPECT_EQ(opened.hostChanges, "");
+        return opened.answer;
     }
 
     PrinterSettings Record() const {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/counters.h"
+#include "tests/support/host_state.h"
 #include "tests/support/loaded_module.h"
 
 namespace vmk::test {
@@ -16,9 +17,9 @@ void CALLBACK PressOk(HWND, UINT, UINT_PTR, DWORD) {
 void OpenAndClose(IPdfPrinterPreferences& object, int times) {
     const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, PressOk);
     for (int time = 0; time < times; ++time) {
-        LONG answer = 0;
-        object.OpenDialog(0x0409, &answer);
-        ASSERT_EQ(answer, IDOK);
+        const OpenedDialog opened = OpenAndCompare(object, 0x0409);
+        ASSERT_EQ(opened.answer, IDOK);
+        ASSERT_EQ(opened.hostChanges, "");
     }
     KillTimer(nullptr, timer);
 }

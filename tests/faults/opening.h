@@ -3,7 +3,9 @@
 #include <windows.h>
 
 #include <functional>
+#include <string>
 
+#include "tests/support/live_dialog.h"
 #include "vmkctrl.h"
 
 namespace vmk::test {
@@ -18,11 +20,17 @@ struct Opening {
     bool wasStuck = false;     // its buttons did not end it
     long violations = 0;       // accesses to memory that is not there, also those that somebody caught
     bool keptChanges = false;  // after Apply there was still something to apply
+    std::wstring unexpected;   // title of a dialog that is none of the component's, such as a message box
+    std::string hostChanges;   // what the host found otherwise afterwards
 };
 
 // Opens the dialog on the calling thread and ends it once it is on screen, whatever fails meanwhile.
 // `inDialog` is called before that.
 Opening OpenAndEnd(IPdfPrinterPreferences& object, Ending ending,
-                   const std::function<void(HWND dialog)>& inDialog = {});
+                   const std::function<void(HWND dialog)>& inDialog = {}, LANGID language = kEnglish);
+
+// What a user does in a dialog that changes nothing: looks at each page, opens the settings of the e-mail
+// server and closes them with OK, opens the menu of macros and closes it again. For `inDialog`.
+void WalkThrough(HWND dialog);
 
 }  // namespace vmk::test

@@ -19,6 +19,7 @@ struct Countdown {
     std::atomic<long> failed = 0;
     std::atomic<long> first = 0;  // 0: none fails
     std::atomic<bool> lasting = false;
+    std::atomic<bool> pretends = false;
     std::atomic<DWORD> thread = 0;
 
     bool IsFailing() {
@@ -30,6 +31,13 @@ struct Countdown {
     }
 };
 Countdown countdown;
+
+// Blocks that were allocated and not freed again.
+std::atomic<long> blocks = 0;
+
+void NoteAllocation(const void* block) {
+    if (block) ++blocks;
+}
 
 // A string literal as a template argument.
 template <std::size_t kSize>
@@ -52,14 +60,44 @@ struct StandIn<kName, Result(Arguments...), kAnswer, kError> {
     static inline std::atomic<bool> s_isPlanned = false;
 
     static Result WINAPI Call(Arguments... arguments) {
-        if (!s_isPlanned || !countdown.IsFailing())
-            return reinterpret_cast<Result(WINAPI*)(Arguments...)>(s_original)(arguments...);
-        if constexpr (kError != 0) SetLastError(kError);
+        if (!s_isPlanned || !countdown.IsFailing()) return Original(arguments...);
+        const std::intptr_t answer = countdown.pretends ? TRUE : kAnswer;
+        if (kError != ERROR_SUCCESS) SetLastError(kError);
         if constexpr (std::is_pointer_v<Result>) {
-            return reinterpret_cast<Result>(kAnswer);
+            return reinterpret_cast<Result>(answer);
         } else {
-            return static_cast<Result>(kAnswer);
+            return static_cast<Result>(answer);
         }
+    }
+
+    static Result Original(Arguments... arguments) {
+        return reinterpret_cast<Result(WINAPI*)(Arguments...)>(s_original)(arguments...);
+    }
+};
+
+// The C runtime's heap, whose blocks are counted.
+template <Literal kName, typename... Arguments>
+struct Allocator : StandIn<kName, void*(Arguments...), 0, ERROR_SUCCESS> {
+    static void* Call(Arguments... arguments) {
+        void* const block = StandIn<kName, void*(Arguments...), 0, ERROR_SUCCESS>::Call(arguments...);
+        NoteAllocation(block);
+        return block;
+    }
+};
+
+struct Reallocator : StandIn<"realloc", void*(void*, std::size_t), 0, ERROR_SUCCESS> {
+    static void* Call(void* block, std::size_t size) {
+        void* const moved = StandIn::Call(block, size);
+        if (!block) NoteAllocation(moved);
+        return moved;
+    }
+};
+
+// It can only pretend.
+struct Deallocator : StandIn<"free", void(void*), 0, ERROR_SUCCESS> {
+    static void Call(void* block) {
+        if (block && !(s_isPlanned && countdown.IsFailing())) --blocks;
+        Original(block);
     }
 };
 
@@ -70,22 +108,28 @@ struct Row {
     std::atomic<bool>* isPlanned;
 };
 
-template <Literal kName, typename Signature, std::intptr_t kAnswer = 0, DWORD kError = ERROR_OUTOFMEMORY>
-Row Failing() {
-    using One = StandIn<kName, Signature, kAnswer, kError>;
-    return {.name = kName.text,
+template <typename One>
+Row RowOf(std::string_view name) {
+    return {.name = name,
             .standIn = reinterpret_cast<void*>(&One::Call),
             .original = &One::s_original,
             .isPlanned = &One::s_isPlanned};
 }
 
+template <Literal kName, typename Signature, std::intptr_t kAnswer = 0, DWORD kError = ERROR_OUTOFMEMORY>
+Row Failing() {
+    return RowOf<StandIn<kName, Signature, kAnswer, kError>>(kName.text);
+}
+
 constexpr DWORD kNoError = 0;
+constexpr auto kNoHandle = -1;
 
 std::span<const Row> Rows() {
     static const Row kRows[] = {
-        Failing<"malloc", void*(std::size_t), 0, kNoError>(),
-        Failing<"calloc", void*(std::size_t, std::size_t), 0, kNoError>(),
-        Failing<"realloc", void*(void*, std::size_t), 0, kNoError>(),
+        RowOf<Allocator<"malloc", std::size_t>>("malloc"),
+        RowOf<Allocator<"calloc", std::size_t, std::size_t>>("calloc"),
+        RowOf<Reallocator>("realloc"),
+        RowOf<Deallocator>("free"),
         Failing<"RegCreateKeyExA", decltype(RegCreateKeyExA), ERROR_OUTOFMEMORY, kNoError>(),
         Failing<"RegOpenKeyExA", decltype(RegOpenKeyExA), ERROR_OUTOFMEMORY, kNoError>(),
         Failing<"RegQueryValueExA", decltype(RegQueryValueExA), ERROR_OUTOFMEMORY, kNoError>(),
@@ -94,7 +138,11 @@ std::span<const Row> Rows() {
         Failing<"SetWindowLongPtrW", decltype(SetWindowLongPtrW)>(),
         Failing<"CreateDialogParamW", decltype(CreateDialogParamW)>(),
         Failing<"DialogBoxParamW", decltype(DialogBoxParamW), -1>(),
+        Failing<"SetWindowTextW", decltype(SetWindowTextW)>(),
         Failing<"LoadMenuW", decltype(LoadMenuW)>(),
+        Failing<"GetMenuItemInfoW", decltype(GetMenuItemInfoW)>(),
+        Failing<"SetMenuItemInfoW", decltype(SetMenuItemInfoW)>(),
+        Failing<"TrackPopupMenu", decltype(TrackPopupMenu)>(),
         Failing<"ImageList_LoadImageW", decltype(ImageList_LoadImageW)>(),
         Failing<"GetDC", decltype(GetDC)>(),
         Failing<"EnumFontFamiliesExW", decltype(EnumFontFamiliesExW)>(),
@@ -102,10 +150,24 @@ std::span<const Row> Rows() {
         Failing<"CreateCompatibleDC", decltype(CreateCompatibleDC)>(),
         Failing<"CreateCompatibleBitmap", decltype(CreateCompatibleBitmap)>(),
         Failing<"CreateSolidBrush", decltype(CreateSolidBrush)>(),
-        Failing<"CreateActCtxW", decltype(CreateActCtxW), -1>(),
+        Failing<"GetOutlineTextMetricsW", decltype(GetOutlineTextMetricsW)>(),
+        Failing<"CreateActCtxW", decltype(CreateActCtxW), kNoHandle>(),
         Failing<"ActivateActCtx", decltype(ActivateActCtx)>(),
         Failing<"GetCurrentDirectoryW", decltype(GetCurrentDirectoryW)>(),
+        Failing<"SetCurrentDirectoryW", decltype(SetCurrentDirectoryW), 0, ERROR_FILE_NOT_FOUND>(),
         Failing<"GetModuleFileNameW", decltype(GetModuleFileNameW)>(),
+        Failing<"GetModuleFileNameA", decltype(GetModuleFileNameA)>(),
+        Failing<"GetModuleHandleW", decltype(GetModuleHandleW), 0, ERROR_MOD_NOT_FOUND>(),
+        Failing<"GetProcAddress", decltype(GetProcAddress), 0, ERROR_PROC_NOT_FOUND>(),
+        Failing<"LoadLibraryW", decltype(LoadLibraryW)>(),
+        Failing<"LoadLibraryExW", decltype(LoadLibraryExW)>(),
+        Failing<"FindFirstFileA", decltype(FindFirstFileA), kNoHandle, ERROR_PATH_NOT_FOUND>(),
+        Failing<"FindNextFileA", decltype(FindNextFileA), 0, ERROR_NO_MORE_FILES>(),
+        Failing<"CreateFileA", decltype(CreateFileA), kNoHandle, ERROR_SHARING_VIOLATION>(),
+        Failing<"GetFileSizeEx", decltype(GetFileSizeEx), 0, ERROR_INVALID_FUNCTION>(),
+        Failing<"ReadFile", decltype(ReadFile), 0, ERROR_LOCK_VIOLATION>(),
+        Failing<"MultiByteToWideChar", decltype(MultiByteToWideChar), 0, ERROR_NO_UNICODE_TRANSLATION>(),
+        Failing<"WideCharToMultiByte", decltype(WideCharToMultiByte), 0, ERROR_INVALID_PARAMETER>(),
     };
     return kRows;
 }
@@ -181,6 +243,7 @@ void ImportFaults::Fail(const Plan& plan) {
     countdown.calls = 0;
     countdown.failed = 0;
     countdown.lasting = plan.lasting;
+    countdown.pretends = plan.pretends;
     countdown.thread = plan.thread;
     countdown.first = plan.first;
 }
@@ -192,6 +255,10 @@ void ImportFaults::Stop() {
 
 long ImportFaults::Calls() const {
     return countdown.calls;
+}
+
+long ImportFaults::Blocks() {
+    return blocks;
 }
 
 bool ImportFaults::HaveFailed() const {

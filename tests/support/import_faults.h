@@ -27,6 +27,9 @@ class ImportFaults {
         long first = 1;             // which call from now on fails
         bool lasting = false;       // all the later ones fail, too
         DWORD thread = 0;           // calls of this thread only; 0: of every thread
+        // Nothing is done, yet success is answered. No system does that; to whoever looks at the outcome it
+        // is a fault of the module, which he has to find.
+        bool pretends = false;
     };
 
     // Starts counting anew. Throws std::invalid_argument when the module does not import the function.
@@ -37,6 +40,10 @@ class ImportFaults {
     // Calls of the function of the last plan, the failed ones included, up to Stop.
     long Calls() const;
     bool HaveFailed() const;
+
+    // Blocks of the C runtime's heap that the module has allocated and not freed again. Those that it had
+    // before it was led through here and has freed since count the other way.
+    static long Blocks();
 
     // The functions that can be made to fail and that the module imports.
     const std::vector<std::string>& Functions() const { return m_functions; }

@@ -4,12 +4,15 @@
 // commctrl.h needs windows.h before it.
 #include <commctrl.h>
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
-#include <atomic>
 #include <stdexcept>
+#include <string>
 #include <utility>
 
 #include "resources/ids/main.h"
+#include "tests/support/host_state.h"
 #include "tests/support/mouse.h"
 #include "tests/support/wait.h"
 #include "tests/support/window_search.h"
@@ -90,9 +93,7 @@ struct LiveDialog::Session {
         object->SetTitle(AutomationString(options.title).get());
         if (options.prepare) options.prepare(*object);
         SetEvent(ready);
-        LONG answer = 0;
-        object->OpenDialog(options.language, &answer);
-        result = answer;
+        opened = OpenAndCompare(*object, options.language);
     }
 
     bool IsFinished() const { return WaitForSingleObject(finished, 0) == WAIT_OBJECT_0; }
@@ -104,7 +105,7 @@ struct LiveDialog::Session {
     DWORD threadId = 0;
     HWND caller = nullptr;
     IPdfPrinterPreferences* object = nullptr;
-    std::atomic<LONG> result = 0;
+    OpenedDialog opened{};  // to be read once it is finished
 };
 
 LiveDialog::LiveDialog() : LiveDialog(Options{}) {}
@@ -131,6 +132,9 @@ LiveDialog::~LiveDialog() {
         }
         PostMessageW(m_main.Handle(), WM_COMMAND, IDCANCEL, 0);
         WaitForSingleObject(m_session->finished, 10'000);
+    }
+    if (m_session->IsFinished()) {
+        EXPECT_EQ(m_session->opened.hostChanges, "");
     }
 }
 
@@ -240,7 +244,7 @@ int LiveDialog::Cancel() {
 int LiveDialog::WaitForResult() {
     if (WaitForSingleObject(m_session->finished, 10'000) != WAIT_OBJECT_0)
         throw std::runtime_error("the preferences dialog did not close");
-    return static_cast<int>(m_session->result);
+    return static_cast<int>(m_session->opened.answer);
 }
 
 PrinterSettings LiveDialog::Record() const {

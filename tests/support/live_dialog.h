@@ -48,7 +48,8 @@ class LiveDialog {
 
     LiveDialog();
     explicit LiveDialog(Options options);
-    ~LiveDialog();  // cancels a dialog that is still open
+    // Cancels a dialog that is still open. The host has to be as it was before: anything else is a failure.
+    ~LiveDialog();
     LiveDialog(const LiveDialog&) = delete;
     LiveDialog& operator=(const LiveDialog&) = delete;
 

@@ -1,0 +1,288 @@
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <initializer_list>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "tests/faults/opening.h"
+#include "tests/faults/refused_window.h"
+#include "tests/settings/member_values.h"
+#include "tests/support/counters.h"
+#include "tests/support/effort.h"
+#include "tests/support/full_use.h"
+#include "tests/support/import_faults.h"
+#include "tests/support/language_folder.h"
+#include "tests/support/loaded_module.h"
+#include "tests/support/scratch_settings.h"
+#include "tests/support/test_font.h"
+
+// The component's whole life with one of its calls failing: the DLL is loaded, an object made, settings
+// loaded, the dialog opened in another language, walked through and ended, the settings stored, the object
+// released, the DLL unloaded.
+
+namespace vmk::test {
+namespace {
+
+using Plan = ImportFaults::Plan;
+using Values = std::map<std::string, std::wstring>;
+
+constexpr Plan kNoFailure = {.function = "memory", .first = LONG_MAX};
+
+// Names of fonts that this test brings along.
+const std::wstring kAlways = L"Vmk Always";
+const std::wstring kNever = L"Vmk Never";
+
+PrinterSettings Loaded() {
+    PrinterSettings settings = SettingsInFullUse();
+    settings.Fonts.Embedd.Always = kAlways;
+    settings.Fonts.Embedd.Never = kNever;
+    return settings;
+}
+
+// What the registry gives back of a record.
+PrinterSettings AsStored(const PrinterSettings& settings) {
+    const ScratchSettings key;
+    key.Store(settings);
+    return key.Load();
+}
+
+// The settings of a record that have the value of none of the others, with what they are.
+std::string Strange(const PrinterSettings& record, const std::vector<Values>& others) {
+    std::string strange;
+    for (const auto& [name, value] : MemberValues(record)) {
+        const bool isKnown =
+            std::ranges::any_of(others, [&](const Values& values) { return values.at(name) == value; });
+        if (!isKnown) strange += " " + name + "=" + testing::PrintToString(value);
+    }
+    return strange;
+}
+
+// What has to hold and does not.
+class Complaints {
+  public:
+    template <typename Value>
+    void ExpectSame(const char* what, const Value& is, const Value& wanted) {
+        if (is == wanted) return;
+        m_text << what << " is " << testing::PrintToString(is) << ", not " << testing::PrintToString(wanted)
+               << "\n";
+    }
+    void ExpectNone(const char* what, const std::string& found) {
+        if (!found.empty()) m_text << what << ": " << found << "\n";
+    }
+
+    std::string Text() const { return m_text.str(); }
+
+  private:
+    std::ostringstream m_text;
+};
+
+class WholeLife : public testing::TestWithParam<Ending> {
+  protected:
+    WholeLife() {
+        m_loadedFrom.Store(m_loaded);
+        m_allowed.push_back(MemberValues(m_loaded));
+        NoteRecords([](IPdfPrinterPreferences&) {});
+        NoteRecords([](IPdfPrinterPreferences& object) {
+            const ScratchSettings empty;
+            object.InitFromRegistry(AllPages, AutomationString(empty.SubKey()).get());
+        });
+    }
+
+    void TearDown() override {
+        PrintFigures("lives with a failing call", {{"tried", static_cast<double>(m_lives)},
+                                                   {"failed calls", static_cast<double>(m_failed)}});
+    }
+
+    // Lives once with the failure. Answers what does not hold though it has to whatever fails: empty when the
+    // component has survived.
+    std::string Live(const Plan& plan) {
+        Complaints complaints;
+        ++m_lives;
+        {
+            const LoadedModule module;
+            ImportFaults faults(module.get());
+            faults.Fail(plan);
+            Use(module, faults, plan, complaints);
+            faults.Stop();
+            m_calls = faults.Calls();
+            if (faults.HaveFailed()) ++m_failed;
+            complaints.ExpectSame("DllCanUnloadNow", module.CanUnloadNow(), S_OK);
+        }
+        complaints.ExpectSame("the module", GetModuleHandleW(L"vmkctrl.dll"), HMODULE{});
+        return complaints.Text();
+    }
+
+    // All of so many calls, or in a short run some of them, spread evenly. Each way of ending the dialog has
+    // places of its own between those of the others.
+    static std::vector<long> Places(long calls, long sample) {
+        const long times = std::min(Effort(sample, calls), calls);
+        std::vector<long> places;
+        for (long time = 0; time < times; ++time)
+            places.push_back(times == calls
+                                 ? time + 1
+                                 : 1 + (3 * time + static_cast<long>(GetParam())) * calls / (3 * times));
+        return places;
+    }
+
+    // Lives with one call of the function failing, and with all from that one on, for each of those places.
+    void FailAt(std::initializer_list<const char*> functions, long sample) {
+        for (const char* const function : functions) {
+            Live({.function = function, .first = LONG_MAX});
+            const long calls = m_calls;
+            ASSERT_GT(calls, 0) << function;
+            for (const bool lasting : {false, true}) {
+                for (const long place : Places(calls, sample))
+                    EXPECT_EQ(Live({.function = function, .first = place, .lasting = lasting}), "")
+                        << function << " fails at call " << place << (lasting ? " and ever after" : "");
+            }
+        }
+    }
+
+    const PrinterSettings m_loaded = Loaded();
+    std::vector<Values> m_allowed;  // each setting has the value of one of these at the end
+    long m_calls = 0;               // of the function of the last plan
+
+  private:
+    // What a record is where loading finds nothing, before the dialog and after it.
+    void NoteRecords(void (*load)(IPdfPrinterPreferences&)) {
+        const LoadedModule module;
+        const auto object = module.CreatePreferences();
+        load(*object);
+        m_allowed.push_back(MemberValues(RecordOf(*object)));
+        object->EnablePage(AllPages);
+        OpenAndEnd(*object, GetParam());
+        m_allowed.push_back(MemberValues(RecordOf(*object)));
+    }
+
+    void Use(const LoadedModule& module, ImportFaults& faults, const Plan& plan, Complaints& complaints) {
+        const std::size_t windows = CountResources().windows;
+        const long blocks = ImportFaults::Blocks();
+        {
+            const auto object = module.CreatePreferences();
+            if (!object) return;  // as a host is told
+            UseObject(*object, faults, plan, complaints);
+        }
+        complaints.ExpectSame("the number of blocks", ImportFaults::Blocks(), blocks);
+        complaints.ExpectSame("the number of windows", CountResources().windows, windows);
+    }
+
+    void UseObject(IPdfPrinterPreferences& object, ImportFaults& faults, const Plan& plan,
+                   Complaints& complaints) {
+        const ScratchSettings key;
+        key.Store(m_stored);
+        complaints.ExpectSame("InitFromRegistry", object.InitFromRegistry(AllPages, m_loadedName.get()),
+                              S_OK);
+        complaints.ExpectSame("EnablePage", object.EnablePage(AllPages), S_OK);
+        const Opening opening = OpenAndEnd(object, GetParam(), WalkThrough, kGerman);
+        complaints.ExpectSame("StoreInRegistry",
+                              object.StoreInRegistry(AllPages, AutomationString(key.SubKey()).get()), S_OK);
+        faults.Stop();
+
+        complaints.ExpectSame("whether the dialog was stuck", opening.wasStuck, false);
+        complaints.ExpectSame("the number of access violations", opening.violations, 0L);
+        complaints.ExpectSame("a dialog of somebody else's", opening.unexpected, std::wstring());
+        if (!IsBeyondHelp(opening.hostChanges, plan))
+            complaints.ExpectNone("changed for the host", opening.hostChanges);
+        const LONG ended = GetParam() == Ending::kOk ? IDOK : IDCANCEL;
+        complaints.ExpectSame("the exit code", opening.exitCode, opening.wasShown ? ended : -1);
+
+        const PrinterSettings record = RecordOf(object);
+        complaints.ExpectNone("in the record", Strange(record, m_allowed));
+        complaints.ExpectNone("in the registry",
+                              Strange(key.Load(), {MemberValues(record), MemberValues(m_stored)}));
+    }
+
+    // What nobody can put right: the way back into the host's folder is barred.
+    static bool IsBeyondHelp(const std::string& changes, const Plan& plan) {
+        return plan.function == "SetCurrentDirectoryW" && plan.first == 2 &&
+               changes.starts_with("current folder: ") && std::ranges::count(changes, '\n') == 1;
+    }
+
+    const TestFont m_always{{.family = kAlways}};
+    const TestFont m_never{{.family = kNever}};
+    const LanguageFolder m_german{{{L"OK", L"Gut"}, {L"Cancel", L"Abbrechen"}, {L"Watermarks", L"Wasser"}}};
+    const PrinterSettings m_stored = AsStored(ChangedSettings());  // what stands in the registry before
+    const ScratchSettings m_loadedFrom;
+    const AutomationString m_loadedName{m_loadedFrom.SubKey()};
+    const ComApartment m_apartment;
+    long m_lives = 0;
+    long m_failed = 0;
+};
+
+TEST_P(WholeLife, WithoutAFailureKeepsWhatWasLoaded) {
+    m_allowed = {MemberValues(m_loaded)};
+    EXPECT_EQ(Live(kNoFailure), "");
+    EXPECT_GT(m_calls, 500);
+}
+
+// What no system does stands for faults of the component.
+TEST_P(WholeLife, ShowsATextThatIsLostAndABlockThatIsLeft) {
+    if (GetParam() == Ending::kOk) {
+        EXPECT_THAT(Live({.function = "SetWindowTextW", .lasting = true, .pretends = true}),
+                    testing::HasSubstr(" Email.SMTP.Address=L\"\""));
+    }
+    EXPECT_THAT(Live({.function = "free", .first = 400, .pretends = true}),
+                testing::HasSubstr("the number of blocks is "));
+}
+
+TEST_P(WholeLife, IsSurvivedWithoutMemory) {
+    FailAt({"memory"}, 8);
+}
+
+TEST_P(WholeLife, IsSurvivedWithoutTheRegistry) {
+    FailAt({"RegCreateKeyExA", "RegOpenKeyExA", "RegQueryValueExA", "RegSetValueExA"}, 1);
+}
+
+TEST_P(WholeLife, IsSurvivedWithoutWindows) {
+    FailAt({"CreateDialogParamW", "DialogBoxParamW", "SetPropW", "SetWindowLongPtrW", "SetWindowTextW"}, 1);
+}
+
+TEST_P(WholeLife, IsSurvivedWithoutAControl) {
+    const RefusedWindow none(LONG_MAX);
+    Live(kNoFailure);
+    for (const long which : Places(none.Count(), 4)) {
+        const RefusedWindow refused(which);
+        EXPECT_EQ(Live(kNoFailure), "") << "window " << which << " is refused";
+    }
+}
+
+TEST_P(WholeLife, IsSurvivedWithoutPicturesMenusAndFonts) {
+    FailAt({"ImageList_LoadImageW", "CreateCompatibleDC", "CreateCompatibleBitmap", "CreateSolidBrush",
+            "LoadMenuW", "GetMenuItemInfoW", "SetMenuItemInfoW", "TrackPopupMenu", "GetDC",
+            "CreateFontIndirectW", "EnumFontFamiliesExW", "GetOutlineTextMetricsW"},
+           1);
+}
+
+TEST_P(WholeLife, IsSurvivedWithoutStyleFoldersAndLibraries) {
+    FailAt({"CreateActCtxW", "ActivateActCtx", "GetCurrentDirectoryW", "SetCurrentDirectoryW",
+            "GetModuleFileNameW", "GetModuleHandleW", "GetProcAddress"},
+           1);
+}
+
+TEST_P(WholeLife, IsSurvivedWithoutLanguageFiles) {
+    FailAt({"FindFirstFileA", "FindNextFileA", "CreateFileA", "GetFileSizeEx", "ReadFile",
+            "MultiByteToWideChar", "WideCharToMultiByte"},
+           1);
+}
+
+INSTANTIATE_TEST_SUITE_P(EndedBy, WholeLife,
+                         testing::Values(Ending::kOk, Ending::kCancel, Ending::kApplyThenCancel),
+                         [](const auto& tested) -> std::string {
+                             switch (tested.param) {
+                                 case Ending::kOk:
+                                     return "Ok";
+                                 case Ending::kCancel:
+                                     return "Cancel";
+                                 default:
+                                     return "ApplyThenCancel";
+                             }
+                         });
+
+}  // namespace
+}  // namespace vmk::test
