@@ -1,6 +1,7 @@
 #include "tests/support/import_faults.h"
 
 #include <commctrl.h>
+#include <malloc.h>
 
 #include <algorithm>
 #include <atomic>
@@ -37,6 +38,19 @@ std::atomic<long> blocks = 0;
 
 void NoteAllocation(const void* block) {
     if (block) ++blocks;
+}
+
+// What is looked for in blocks that are given back.
+std::wstring wantedText;
+std::string narrowWantedText;
+std::atomic<long> blocksWithText = 0;
+
+void LookThrough(const void* block) {
+    if (wantedText.empty()) return;
+    const std::string_view bytes(static_cast<const char*>(block), _msize(const_cast<void*>(block)));
+    const std::string_view wide(reinterpret_cast<const char*>(wantedText.data()),
+                                wantedText.size() * sizeof(wchar_t));
+    if (bytes.find(wide) != bytes.npos || bytes.find(narrowWantedText) != bytes.npos) ++blocksWithText;
 }
 
 // A string literal as a template argument.
@@ -87,6 +101,7 @@ struct Allocator : StandIn<kName, void*(Arguments...), 0, ERROR_SUCCESS> {
 
 struct Reallocator : StandIn<"realloc", void*(void*, std::size_t), 0, ERROR_SUCCESS> {
     static void* Call(void* block, std::size_t size) {
+        if (block) LookThrough(block);
         void* const moved = StandIn::Call(block, size);
         if (!block) NoteAllocation(moved);
         return moved;
@@ -96,6 +111,7 @@ struct Reallocator : StandIn<"realloc", void*(void*, std::size_t), 0, ERROR_SUCC
 // It can only pretend.
 struct Deallocator : StandIn<"free", void(void*), 0, ERROR_SUCCESS> {
     static void Call(void* block) {
+        if (block) LookThrough(block);
         if (block && !(s_isPlanned && countdown.IsFailing())) --blocks;
         Original(block);
     }
@@ -225,6 +241,7 @@ ImportFaults::ImportFaults(HMODULE module) {
 
 ImportFaults::~ImportFaults() {
     Stop();
+    wantedText.clear();
     for (const Patch& patch : m_patches) Write(patch.slot, patch.original);
 }
 
@@ -259,6 +276,17 @@ long ImportFaults::Calls() const {
 
 long ImportFaults::Blocks() {
     return blocks;
+}
+
+void ImportFaults::LookFor(const std::wstring& text) {
+    wantedText = text;
+    narrowWantedText.clear();
+    for (const wchar_t unit : text) narrowWantedText += static_cast<char>(unit);
+    blocksWithText = 0;
+}
+
+long ImportFaults::FreedWithText() {
+    return blocksWithText;
 }
 
 bool ImportFaults::HaveFailed() const {

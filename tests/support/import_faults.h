@@ -45,6 +45,11 @@ class ImportFaults {
     // before it was led through here and has freed since count the other way.
     static long Blocks();
 
+    // From now on blocks that the module gives back are looked through for a text, wide or of ASCII.
+    static void LookFor(const std::wstring& text);
+    // In how many of them it was.
+    static long FreedWithText();
+
     // The functions that can be made to fail and that the module imports.
     const std::vector<std::string>& Functions() const { return m_functions; }
 
