@@ -240,7 +240,7 @@ TEST_P(WholeLife, IsSurvivedWithoutTheRegistry) {
 }
 
 TEST_P(WholeLife, IsSurvivedWithoutWindows) {
-    FailAt({"CreateDialogParamW", "DialogBoxParamW", "SetPropW", "SetWindowLongPtrW", "SetWindowTextW"}, 1);
+    FailAt({"CreateDialogParamW", "DialogBoxParamW", "SetWindowLongPtrW", "SetWindowTextW"}, 1);
 }
 
 TEST_P(WholeLife, IsSurvivedWithoutAControl) {
