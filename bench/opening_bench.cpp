@@ -17,22 +17,7 @@
 #include <vector>
 
 #include "bench/figures.h"
-#include "resources/ids/bookmarks.h"
-#include "resources/ids/compression.h"
-#include "resources/ids/digital_signature.h"
-#include "resources/ids/document_info.h"
-#include "resources/ids/email.h"
-#include "resources/ids/fonts.h"
-#include "resources/ids/general.h"
-#include "resources/ids/graphics.h"
-#include "resources/ids/links.h"
-#include "resources/ids/main.h"
-#include "resources/ids/optimization.h"
-#include "resources/ids/overlay.h"
-#include "resources/ids/paper.h"
-#include "resources/ids/save.h"
-#include "resources/ids/security.h"
-#include "resources/ids/watermarks.h"
+#include "tests/support/bare_dialog.h"
 #include "tests/support/loaded_module.h"
 
 namespace vmk {
@@ -40,34 +25,7 @@ namespace {
 
 constexpr int kRounds = 41;
 constexpr int kMemoryRounds = 15;
-constexpr int kManifest = 2;
 constexpr wchar_t kHostClass[] = L"VmkBenchHost";
-
-struct PageRow {
-    PdfPrinterDialogPage bit;
-    UINT id;
-    const char* name;
-};
-
-constexpr PageRow kPages[] = {
-    {Paper, IDD_PAPER, "Paper"},
-    {CustomForms, IDD_CUSTOM_FORMS, "Custom Forms"},
-    {General, IDD_GENERAL, "General"},
-    {Compression, IDD_COMPRESSION, "Compression"},
-    {Graphics, IDD_GRAPHICS, "Graphics"},
-    {Fonts, IDD_FONTS, "Fonts"},
-    {Watermarks, IDD_WATERMARKS, "Watermarks"},
-    {Overlay, IDD_OVERLAY, "Overlay"},
-    {Security, IDD_SECURITY, "Security"},
-    {DigitalSign, IDD_DIGITAL_SIGNATURE, "Digital Signature"},
-    {Links, IDD_LINKS, "Links"},
-    {Bookmarks, IDD_BOOKMARKS, "Bookmarks"},
-    {DocumentInfo, IDD_DOCUMENT_INFO, "Document Info"},
-    {Save, IDD_SAVE, "Save"},
-    {eMail, IDD_EMAIL, "e-Mail"},
-    {Profiles, IDD_PROFILES, "Profiles"},
-    {Optimization, IDD_OPTIMIZATION, "Optimization"},
-};
 
 // What happens when the dialog that is open now has been drawn, and nothing is left to do but to wait.
 std::function<void()> whenShown;
@@ -92,78 +50,6 @@ HWND CreateHost() {
     return host;
 }
 
-// What the bare dialog's procedure has to know: the DLL, and the pages that are wanted.
-HMODULE templates;
-int wantedPages = AllPages;
-
-INT_PTR CALLBACK DoNothing(HWND, UINT, WPARAM, LPARAM) {
-    return FALSE;
-}
-
-HWND CreateBare(UINT templateId, HWND parent) {
-    HWND window = CreateDialogParamW(templates, MAKEINTRESOURCEW(templateId), parent, DoNothing, 0);
-    if (!window) throw std::runtime_error("a template cannot be created");
-    return window;
-}
-
-int CALLBACK PassOver(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM) {
-    return 1;
-}
-
-void WalkFonts() {
-    HDC screen = GetDC(nullptr);
-    LOGFONTW every{};
-    every.lfCharSet = DEFAULT_CHARSET;
-    EnumFontFamiliesExW(screen, &every, PassOver, 0, 0);
-    ReleaseDC(nullptr, screen);
-}
-
-void FillBareFrame(HWND dialog) {
-    HWND frame = GetDlgItem(CreateBare(IDD_NAVIGATOR, dialog), IDC_NAVIGATOR_FRAME);
-    bool isFirst = true;
-    for (const PageRow& row : kPages) {
-        if (!(wantedPages & row.bit)) continue;
-        HWND page = CreateBare(row.id, frame);
-        if (std::exchange(isFirst, false)) ShowWindow(page, SW_SHOW);
-        if (row.bit == Fonts) WalkFonts();
-        if (row.bit != Security) continue;
-        HWND panels = GetDlgItem(page, IDC_SECURITY_PANELS);
-        CreateBare(IDD_SECURITY_40, panels);
-        CreateBare(IDD_SECURITY_128, panels);
-    }
-}
-
-INT_PTR CALLBACK BareProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM) {
-    if (msg == WM_INITDIALOG) FillBareFrame(hwnd);
-    if (msg == WM_COMMAND && LOWORD(wParam) == IDCANCEL) EndDialog(hwnd, IDCANCEL);
-    return FALSE;
-}
-
-// The visual style of the DLL's manifest, which the component's dialog brings along by itself.
-class VisualStyleOf {
-  public:
-    explicit VisualStyleOf(HMODULE module) {
-        ACTCTXW context{};
-        context.cbSize = sizeof(context);
-        context.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
-        context.hModule = module;
-        context.lpResourceName = MAKEINTRESOURCEW(kManifest);
-        m_context = CreateActCtxW(&context);
-        if (m_context == INVALID_HANDLE_VALUE || !ActivateActCtx(m_context, &m_cookie))
-            throw std::runtime_error("the visual style cannot be had");
-    }
-    ~VisualStyleOf() {
-        DeactivateActCtx(0, m_cookie);
-        ReleaseActCtx(m_context);
-    }
-    VisualStyleOf(const VisualStyleOf&) = delete;
-    VisualStyleOf& operator=(const VisualStyleOf&) = delete;
-
-  private:
-    HANDLE m_context;
-    ULONG_PTR m_cookie = 0;
-};
-
 double Milliseconds() {
     LARGE_INTEGER frequency;
     LARGE_INTEGER now;
@@ -176,7 +62,6 @@ double Milliseconds() {
 class Dialogs {
   public:
     Dialogs() : m_host(CreateHost()), m_preferences(m_module.CreatePreferences()) {
-        templates = m_module.get();
         if (!m_preferences) throw std::runtime_error("no preferences");
         WantPages(AllPages);
     }
@@ -184,8 +69,8 @@ class Dialogs {
     Dialogs(const Dialogs&) = delete;
     Dialogs& operator=(const Dialogs&) = delete;
 
-    void WantPages(PdfPrinterDialogPage pages) const {
-        wantedPages = pages;
+    void WantPages(PdfPrinterDialogPage pages) {
+        m_pages = pages;
         m_preferences->DisablePage(AllPages);
         m_preferences->EnablePage(pages);
     }
@@ -195,8 +80,7 @@ class Dialogs {
         if (answer != IDCANCEL || whenShown) throw std::runtime_error("the dialog did not open");
     }
     void OpenBare() const {
-        const VisualStyleOf style(m_module.get());
-        const INT_PTR answer = DialogBoxParamW(templates, MAKEINTRESOURCEW(IDD_MAIN), m_host, BareProc, 0);
+        const INT_PTR answer = test::OpenBareDialog(m_module.get(), m_host, m_pages);
         if (answer != IDCANCEL || whenShown) throw std::runtime_error("the bare dialog did not open");
     }
 
@@ -205,6 +89,7 @@ class Dialogs {
     test::LoadedModule m_module;
     HWND m_host;
     ComPointer<IPdfPrinterPreferences> m_preferences;
+    PdfPrinterDialogPage m_pages = AllPages;
 };
 
 struct Times {
@@ -235,8 +120,8 @@ std::pair<Times, Times> TimesOf(const Dialogs& dialogs) {
 
 // Where the time goes.
 void ComparePages() {
-    const Dialogs dialogs;
-    for (const PageRow& row : kPages) {
+    Dialogs dialogs;
+    for (const test::PageTemplate& row : test::PageTemplates()) {
         dialogs.WantPages(row.bit);
         const auto [ours, bare] = TimesOf(dialogs);
         std::printf("%-20s %7.2f ms, bare %7.2f ms: %+.2f ms\n", row.name, Median(ours.opening),
