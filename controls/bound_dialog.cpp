@@ -35,6 +35,12 @@ void BoundDialog::ForgetValues() noexcept {
     while (m_values) Unregister(*m_values);
 }
 
+// To disable what is disabled is no small thing: the system cancels menus and captures first.
+void BoundDialog::EnableItem(UINT id, bool enable) const noexcept {
+    HWND item = Item(id);
+    if ((IsWindowEnabled(item) != FALSE) != enable) EnableWindow(item, enable);
+}
+
 void BoundDialog::EnableItems(std::span<const UINT> ids, bool enable) const noexcept {
     for (const UINT id : ids) EnableItem(id, enable);
 }

@@ -25,7 +25,7 @@ class BoundDialog : public Dialog, public CDialogEnv {
     // Says that there are radio buttons, which have to be prepared once they show their setting.
     void ExpectRadioButtons() noexcept { m_hasRadioButtons = true; }
 
-    void EnableItem(UINT id, bool enable) const noexcept { EnableWindow(Item(id), enable); }
+    void EnableItem(UINT id, bool enable) const noexcept;
     void EnableItems(std::span<const UINT> ids, bool enable) const noexcept;
     // Enables or disables controls. Those that are enabled by it, and switch others, do so then.
     void Switch(std::span<const UINT> ids, bool enable) const;
