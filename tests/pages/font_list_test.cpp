@@ -164,6 +164,17 @@ TEST(FontOffer, OffersEachNameOnceWithTheIconOfItsFirstOccurrence) {
                             FontFace{.name = L"A", .flags = 0}));
 }
 
+// Making keys is what takes time when a machine has many fonts.
+TEST(FontOffer, MakesNoKeysOfRepetitionsThatFollowTheirName) {
+    const FontFaces faces = Faces({L"One", L"One", L"One", L"Two", L"One"});
+    std::vector<std::wstring> keys;
+    const FontOffer offer(faces, [&](const std::wstring& name) {
+        keys.push_back(name);
+        return Key(name);
+    });
+    EXPECT_THAT(keys, ElementsAre(L"One", L"Two", L"One"));
+}
+
 TEST(FontOffer, NamesThatDifferInCaseAreOneName) {
     EXPECT_THAT(Names(FontOffer(Faces({L"Arial", L"ARIAL", L"Symbol"}), Key).Rest()),
                 ElementsAre(L"Arial", L"Symbol"));

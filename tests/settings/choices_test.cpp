@@ -82,6 +82,15 @@ TEST(NumberValues, IncludeTheDefaultOfEveryNumber) {
     }
 }
 
+TEST(NumberValues, ReachFromTheSmallestToTheLargestWhereTheyHaveARange) {
+    constexpr NumberValues kRange{.name = "A range", .smallest = 5, .largest = 50};
+    EXPECT_FALSE(kRange.IsInRange(4));
+    EXPECT_TRUE(kRange.IsInRange(5));
+    EXPECT_TRUE(kRange.IsInRange(50));
+    EXPECT_FALSE(kRange.IsInRange(51));
+    EXPECT_FALSE((NumberValues{.name = "None"}.IsInRange(0)));
+}
+
 TEST(NumberValues, AreNoneOfTextsAndOtherNames) {
     EXPECT_FALSE(FindNumberValues("Info.Author"));
     EXPECT_FALSE(FindNumberValues("Paper.Nup "));
