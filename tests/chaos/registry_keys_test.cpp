@@ -4,17 +4,15 @@
 #include <gtest/gtest.h>
 #include <sddl.h>
 
-#include <atomic>
 #include <functional>
 #include <iterator>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "resources/ids/watermarks.h"
 #include "tests/chaos/contract.h"
+#include "tests/chaos/meddler.h"
 #include "tests/chaos/raw_values.h"
-#include "tests/chaos/seed.h"
 #include "tests/chaos/visit.h"
 #include "tests/settings/expected_settings.h"
 #include "tests/support/effort.h"
@@ -169,37 +167,6 @@ TEST_F(SettingsKeys, ThatLeadNowhereAreNeitherLoadedNorStored) {
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll"), "NtDeleteKey")));
     EXPECT_EQ(deleteKey(link.get()), 0);
 }
-
-// Somebody who works on the key all the time, on a thread of its own.
-class Meddler {
-  public:
-    explicit Meddler(std::function<void(unsigned)> meddle)
-        : m_meddle(std::move(meddle)), m_thread(CreateThread(nullptr, 0, Main, this, 0, nullptr)) {}
-    ~Meddler() {
-        m_isDone = true;
-        WaitForSingleObject(m_thread, INFINITE);
-        CloseHandle(m_thread);
-    }
-    Meddler(const Meddler&) = delete;
-    Meddler& operator=(const Meddler&) = delete;
-
-    unsigned Times() const { return m_times; }
-
-  private:
-    static DWORD WINAPI Main(void* parameter) {
-        auto& self = *static_cast<Meddler*>(parameter);
-        while (!self.m_isDone) {
-            self.m_meddle(self.m_times);
-            ++self.m_times;
-        }
-        return 0;
-    }
-
-    std::function<void(unsigned)> m_meddle;
-    std::atomic<bool> m_isDone = false;
-    std::atomic<unsigned> m_times = 0;
-    HANDLE m_thread;
-};
 
 TEST_F(SettingsKeys, WithAValueThatChangesMeanwhileGiveOneOfItsStates) {
     const RawValue states[] = {RawText(L"short"), RawText(std::wstring(1500, L'l')), RawNumber(0x00434241),
