@@ -55,7 +55,11 @@ ULONG CPdfPrinterPreferences::AddRef() noexcept {
 
 ULONG CPdfPrinterPreferences::Release() noexcept {
     const ULONG left = --m_references;
-    if (left == 0) delete this;
+    if (left == 0) {
+        // As soon as nothing locks the module, another thread may free it: not while this one frees memory.
+        const ModuleLock untilFreed;
+        delete this;
+    }
     return left;
 }
 

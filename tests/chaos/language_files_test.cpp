@@ -143,14 +143,14 @@ class LanguageFilesInDisorder : public testing::Test {
     std::wstring NameInDialog(LANGID language) const {
         m_object->EnablePage(Watermarks);
         std::wstring name;
-        const Visit visit = VisitDialog(
-            *m_object,
-            [&](HWND dialog) {
-                wchar_t text[300] = {};
-                GetDlgItemTextW(PagesOf(dialog).at(0), IDC_WATERMARKS_PRINT, text, 300);
-                name = text;
-            },
-            language);
+        const Visit visit =
+            VisitDialog(*m_object,
+                        [&](HWND dialog) {
+                            wchar_t text[300] = {};
+                            GetDlgItemTextW(PagesOf(dialog).at(0), IDC_WATERMARKS_PRINT, text, 300);
+                            name = text;
+                        },
+                        {.language = language});
         EXPECT_EQ(visit.exitCode, IDOK);
         EXPECT_TRUE(visit.wasSeen);
         return name;

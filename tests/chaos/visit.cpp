@@ -13,6 +13,7 @@ constexpr int kMostAttempts = 3000;  // to see and end them all
 
 struct Run {
     const std::function<void(HWND dialog)>& look;
+    const VisitOptions& options;
     Visit& visit;
     std::vector<HWND> seen;
     int attempts = 0;
@@ -36,6 +37,7 @@ void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     run.seen.push_back(dialog);
     run.visit.wasSeen = true;
     run.look(dialog);
+    if (!run.options.pressOk) return;
     if (HWND const apply = GetDlgItem(dialog, IDC_MAIN_APPLY)) EnableWindow(apply, TRUE);
     SendMessageW(dialog, WM_COMMAND, IDOK, reinterpret_cast<LPARAM>(GetDlgItem(dialog, IDOK)));
 }
@@ -43,12 +45,12 @@ void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
 }  // namespace
 
 Visit VisitDialog(IPdfPrinterPreferences& object, const std::function<void(HWND dialog)>& look,
-                  LANGID language) {
+                  const VisitOptions& options) {
     Visit visit;
-    Run run = {.look = look, .visit = visit, .seen = {}};
+    Run run = {.look = look, .options = options, .visit = visit, .seen = {}};
     current = &run;
     const UINT_PTR timer = SetTimer(nullptr, 0, kInterval, OnTimer);
-    object.OpenDialog(language, &visit.exitCode);
+    object.OpenDialog(options.language, &visit.exitCode);
     KillTimer(nullptr, timer);
     current = nullptr;
     return visit;

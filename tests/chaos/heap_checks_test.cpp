@@ -1,0 +1,36 @@
+#include "tests/chaos/heap_checks.h"
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <utility>
+
+// What the checks that the tests of threads run with would find: without them none of this is found.
+
+namespace vmk::test {
+namespace {
+
+TEST(HeapChecks, FindAByteBehindABlock) {
+    ASSERT_TRUE(HeapsAreInOrder());
+    auto* const block = static_cast<volatile char*>(std::malloc(24));
+    const char behind = std::exchange(*const_cast<char*>(block + 24), '!');
+    EXPECT_FALSE(HeapsAreInOrder());
+    block[24] = behind;
+    EXPECT_TRUE(HeapsAreInOrder());
+    std::free(const_cast<char*>(block));
+}
+
+TEST(HeapChecks, FindAByteInABlockThatWasFreed) {
+    auto* const block = static_cast<char*>(std::malloc(24));
+    auto* volatile freed = block;
+    std::free(block);
+    const char was = std::exchange(freed[16], '!');
+    EXPECT_FALSE(HeapsAreInOrder());
+    freed[16] = was;
+    EXPECT_TRUE(HeapsAreInOrder());
+}
+
+}  // namespace
+}  // namespace vmk::test
