@@ -168,20 +168,24 @@ TEST_F(SettingsKeys, ThatLeadNowhereAreNeitherLoadedNorStored) {
     EXPECT_EQ(deleteKey(link.get()), 0);
 }
 
+// One that cannot be loaded gives the default, which is none of them.
 TEST_F(SettingsKeys, WithAValueThatChangesMeanwhileGiveOneOfItsStates) {
-    const RawValue states[] = {RawText(L"short"), RawText(std::wstring(1500, L'l')), RawNumber(0x00434241),
-                               RawText(std::wstring(40'000, L'v')), RawText(L"")};
+    // Longer than what is read without asking for the length, and longer still when that was asked for.
+    const RawValue longer = RawText(std::wstring(1500, L'l'));
+    const RawValue longest = RawText(std::wstring(40'000, L'v'));
+    const RawValue states[] = {RawText(L"short"), longer, longest, RawNumber(0x00434241), longer, longest};
     std::vector<RawValue> expected;
     for (const RawValue& state : states)
-        expected.push_back(Stored(Reading({{"Info.Title", state}}, {})).at("Info.Title"));
-    m_key.Set("Info.Title", states[0]);
-    const long tries = Effort(1000, 100'000);
-    const Meddler meddler([&](unsigned time) { m_key.Set("Info.Title", states[time % std::size(states)]); });
+        expected.push_back(Stored(Reading({{"Save.FileName", state}}, {})).at("Save.FileName"));
+    m_key.Set("Save.FileName", states[0]);
+    const long tries = Effort(500, 100'000);
+    const Meddler meddler(
+        [&](unsigned time) { m_key.Set("Save.FileName", states[time % std::size(states)]); });
     const RawKey result;
     for (long time = 0; time < tries; ++time) {
-        m_object->InitFromRegistry(DocumentInfo, AutomationString(m_key.SubKey()).get());
-        m_object->StoreInRegistry(DocumentInfo, AutomationString(result.SubKey()).get());
-        ASSERT_THAT(expected, testing::Contains(result.Values().at("Info.Title")));
+        m_object->InitFromRegistry(Save, AutomationString(m_key.SubKey()).get());
+        m_object->StoreInRegistry(Save, AutomationString(result.SubKey()).get());
+        ASSERT_THAT(expected, testing::Contains(result.Values().at("Save.FileName")));
     }
     PrintFigures("a value that changes while it is loaded",
                  {{"loaded and stored", tries}, {"changes", meddler.Times()}});

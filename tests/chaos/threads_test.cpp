@@ -107,8 +107,8 @@ class Host {
         m_key.Set(m_values);
     }
 
-    // What did not come out as it should have.
-    Findings Work(std::mt19937& random) const {
+    // What did not come out as it should have. `whileOpen` is done with the dialog on screen.
+    Findings Work(std::mt19937& random, const std::function<void()>& whileOpen = {}) const {
         Findings findings;
         const AutomationString subKey(m_key.SubKey());
         m_object.InitFromRegistry(AllPages, subKey.get());
@@ -121,6 +121,7 @@ class Host {
         const Visit visit = VisitDialog(m_object,
                                         [&](HWND dialog) {
                                             thread = GetWindowThreadProcessId(dialog, nullptr);
+                                            if (whileOpen) whileOpen();
                                             if (!withOk) EndDialogBy(end, dialog);
                                         },
                                         {.pressOk = withOk});
@@ -175,6 +176,19 @@ TEST_F(Apartments, LoadShowAndStoreAtOnceAndNeverEachOthersSettings) {
     EXPECT_EQ(module.CanUnloadNow(), S_OK);
     PrintFigures("apartments that work at once",
                  {{"apartments", kApartments}, {"dialogs", rounds * static_cast<long>(kApartments)}});
+}
+
+TEST_F(Apartments, AreFoundToStoreEachOthersSettingsWhereOneLoadsThem) {
+    const ComApartment apartment;
+    const LoadedModule module;
+    const auto object = module.CreatePreferences();
+    const RawKey another;
+    std::mt19937 random(Seed());
+    EXPECT_THAT(
+        Host(*object, 0)
+            .Work(random,
+                  [&] { object->InitFromRegistry(DocumentInfo, AutomationString(another.SubKey()).get()); }),
+        testing::ElementsAre("other values than its own are stored"));
 }
 
 TEST_F(Apartments, LoadAndFreeTheModuleUnderEachOther) {
