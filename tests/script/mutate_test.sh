@@ -1,0 +1,94 @@
+#!/usr/bin/env bash
+# What script/mutate says of a project whose one test holds some of what its source does, and that it changes nothing.
+# shellcheck source=tests/script/support.sh
+. "$(dirname "${BASH_SOURCE[0]}")/support.sh" "$1"
+
+mkdir project
+cat >project/CMakeLists.txt <<'END'
+cmake_minimum_required(VERSION 3.25)
+project(limits LANGUAGES CXX)
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+enable_testing()
+add_executable(limits_test limits_test.cpp limits.cpp)
+add_test(NAME limits COMMAND limits_test)
+END
+cat >project/limits.cpp <<'END'
+constexpr int kStep = 3;
+static_assert(kStep > 2);
+
+bool IsHeld(int number) {
+    return number < 10;
+}
+bool IsHeldInPart(int number) {
+    return number < 20;
+}
+void NobodyAsks(int& number) {
+    number = 1;
+}
+int Step() {
+    return kStep;
+}
+int Hangs(int number) {
+    while (number > 0) --number;
+    return number;
+}
+END
+cat >project/limits_test.cpp <<'END'
+bool IsHeld(int number);
+bool IsHeldInPart(int number);
+int Step();
+int Hangs(int number);
+
+int main() {
+    const bool held = IsHeld(9) && !IsHeld(10) && !IsHeld(11);
+    const bool heldInPart = IsHeldInPart(0) && !IsHeldInPart(100);
+    return held && heldInPart && Step() == 3 && Hangs(2) == 0 ? 0 : 1;
+}
+END
+before=$(cat project/* | sha256sum)
+mutate() { "$root/script/mutate" --project "$PWD/project" --explained explained.toml "$@" limits.cpp; }
+# says TEXT, says_nothing_of TEXT: what the last command has printed.
+says() { tr -s ' ' <output | grep -qF -- "$1" || fail "'$1' is missing: $(cat output)"; }
+says_nothing_of() { if grep -qF -- "$1" output; then fail "'$1' is said: $(cat output)"; fi; }
+
+# A bound that is tested, one that is not, a statement that no test reaches, a loop without an end; a constant of the
+# compiler is built by itself, and one of its neighbours does not compile.
+# shellcheck disable=SC2016
+{
+    refuses 'limits.cpp:8: survived: `<` becomes `<=`' mutate
+    says 'limits.cpp:11: survived (no test reaches it): `number = 1` is left out'
+    says_nothing_of 'limits.cpp:5:'
+    says_nothing_of 'limits.cpp:1:'
+    says_nothing_of 'limits.cpp:17:'
+    says 'all 17 1 10 0 6 62.5 %'
+}
+[ "$(cat project/*.* | sha256sum)" = "$before" ] || fail "the sources have changed"
+
+# What is explained is not held against anybody, and an explanation of something else is an error.
+cat >project/explained.toml <<'END'
+[[survivor]]
+file = "limits.cpp"
+function = "IsHeldInPart"
+line = "return number < 20;"
+changes = ["`<` becomes `<=`"]
+reason = "For the test."
+
+[[survivor]]
+file = "limits.cpp"
+function = "IsHeld"
+line = "return number < 10;"
+changes = ["`<` becomes `<=`", "`<` becomes `==`"]
+reason = "For the test."
+END
+# shellcheck disable=SC2016
+{
+    refuses 'limits.cpp:8: `<` becomes `<=`; explained: For the test.' mutate
+    says 'stale, it is killed: limits.cpp | IsHeld | return number < 10; | `<` becomes `<=`'
+    says 'stale, there is no such mutant: limits.cpp | IsHeld | return number < 10; | `<` becomes `==`'
+}
+
+# A test that sees more, and nothing is left.
+sed -i 's/IsHeldInPart(0) \&\& !IsHeldInPart(100)/IsHeldInPart(19) \&\& !IsHeldInPart(20)/' project/limits_test.cpp
+refuses 'no test reaches it' mutate
+says_nothing_of 'limits.cpp:8:'
