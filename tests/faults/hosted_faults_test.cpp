@@ -19,6 +19,14 @@ std::wstring CurrentFolder() {
     return folder;
 }
 
+// With its last backslash.
+std::wstring FolderOf(HMODULE module) {
+    wchar_t path[MAX_PATH] = {};
+    GetModuleFileNameW(module, path, MAX_PATH);
+    const std::wstring whole = path;
+    return whole.substr(0, whole.rfind(L'\\') + 1);
+}
+
 TEST(HostWithAFault, KeepsItsCurrentFolderWhereThatCannotBeRead) {
     const ComApartment apartment;
     const LoadedModule module;
@@ -30,6 +38,21 @@ TEST(HostWithAFault, KeepsItsCurrentFolderWhereThatCannotBeRead) {
     EXPECT_EQ(OpenAndEnd(*object, Ending::kCancel).exitCode, IDCANCEL);
     EXPECT_TRUE(faults.HaveFailed());
     EXPECT_EQ(CurrentFolder(), before);
+    SetCurrentDirectoryW(TestFolder().c_str());
+}
+
+// With no way back the host stays where the dialog was for a moment.
+TEST(HostWithAFault, IsInTheFolderOfTheModuleUntilItsOwnIsTheCurrentOneAgain) {
+    const ComApartment apartment;
+    const LoadedModule module;
+    const auto object = module.CreatePreferences();
+    ImportFaults faults(module.get());
+    SetCurrentDirectoryW(L"C:\\");
+    faults.Fail({.function = "SetCurrentDirectoryW", .first = 2});
+    EXPECT_EQ(OpenAndEnd(*object, Ending::kCancel).exitCode, IDCANCEL);
+    EXPECT_TRUE(faults.HaveFailed());
+    EXPECT_EQ(faults.Calls(), 2);
+    EXPECT_EQ(CurrentFolder() + L'\\', FolderOf(module.get()));
     SetCurrentDirectoryW(TestFolder().c_str());
 }
 

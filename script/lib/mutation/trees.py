@@ -153,15 +153,16 @@ class Tree:
 
 
 def measure(entry, reached, count):
-    """Runs a test once with every mutant asleep and notes what it passes; whether it passes itself."""
+    """Runs a test with every mutant asleep and notes what it passes; whether it passes itself."""
     reached.write_bytes(bytes(count + 1))
     name = str(reached) if entry.tree.kind == "native" else f"Z:{reached}"
-    entry.run(600, VMK_MUTANTS_REACHED=name, VMK_MUTANT="0")
-    entry.reaches = {number for number, byte in enumerate(reached.read_bytes()) if byte}
-    for _ in range(2):
+    passes = False
+    # Some tests count calls, and the one of the first run notes something at every first time.
+    for variables in ({"VMK_MUTANTS_REACHED": name}, {}, {}):
         begin = time.monotonic()
-        passes = entry.run(600, VMK_MUTANT="0")
+        passes = entry.run(600, VMK_MUTANT="0", **variables)
         entry.seconds = time.monotonic() - begin
         if passes:
-            return True
-    return False
+            break
+    entry.reaches = {number for number, byte in enumerate(reached.read_bytes()) if byte}
+    return passes
