@@ -104,6 +104,7 @@ const EntryCase kEntryCases[] = {
     {"TranslationWithoutClosingQuote", L"\"a\" = \"1\r\n\"b\" = \"2", kTwo},
     {"SourceWithoutClosingQuote", L"\"a = 1\r\n\"b", kNone},
     {"SourceWithoutClosingQuoteTakesTheNextOne", L"\"a = \"1\"", kNone},
+    {"SourceWithoutClosingQuoteDoesNotGoOnInTheNextLine", L"\"a\n= \"1\"", kNone},
     {"LoneQuote", L"\"", kNone},
     {"OtherLines", L"a = 1\r\n'b' = '2'\r\n= \"c\"\r\n#\r\n\"OK\" = \"Ja\"", kOk},
     {"EntryBehindOtherTextIsNone", L"x \"a\" = \"1\"", kNone},
@@ -178,6 +179,14 @@ const HeaderCase kHeaderCases[] = {
     {"LangidWithPrefix", L"$langid = 0x0407", Langid(0x407)},
     {"LangidWithUpperCasePrefix", L"$langid = 0X0407", Langid(0x407)},
     {"LangidInUpperAndLowerCaseDigits", L"$langid = aBcDeF09", Langid(0xABCDEF09)},
+    {"LangidOfTheFirstAndLastDigits", L"$langid = 09AFaf", Langid(0x9AFAF)},
+    {"LangidEndsBeforeTheCharacterBelow0", L"$langid = 1/", Langid(1)},
+    {"LangidEndsBeforeTheCharacterAbove9", L"$langid = 1:", Langid(1)},
+    {"LangidEndsBeforeTheCharacterBelowA", L"$langid = 1@", Langid(1)},
+    {"LangidEndsBeforeTheCharacterAboveF", L"$langid = 1G", Langid(1)},
+    {"LangidEndsBeforeTheCharacterBelowSmallA", L"$langid = 1`", Langid(1)},
+    {"LangidEndsBeforeTheCharacterAboveSmallF", L"$langid = 1g", Langid(1)},
+    {"LangidWithPrefixAndNoLeadingZero", L"$langid = 0x10407", Langid(0x10407)},
     {"LangidWithTrailingJunk", L"$langid = 0407h", Langid(0x407)},
     {"LangidInQuotes", L"$langid = \"0407\"", Langid(0x407)},
     {"LangidWithSecondPrefix", L"$langid = 0x0x407", Langid(0)},
@@ -209,6 +218,7 @@ const HeaderCase kHeaderCases[] = {
     {"CommentBeforeTheValue", L"$langname = ; Deutsch", Langname(L"")},
     {"CommentInTheKey", L"$langname;= Deutsch", Langname(L"")},
     {"SemicolonInAQuotedValue", L"$langname = \"a;b\";c", Langname(L"a;b")},
+    {"SemicolonBehindAQuoteBehindABackslash", L"$langname = \\\";a", Langname(L"\\\";a")},
     {"HeaderLineInAComment", L"; $langname = Deutsch", Langname(L"")},
     {"HeaderLineBehindOtherText", L"x $langname = Deutsch", Langname(L"")},
     {"HeaderLineInAnEntry", L"\"$langname = Deutsch\" = \"x\"", Langname(L"")},
@@ -224,11 +234,19 @@ TEST(LanguageFile, WithoutByteOrderMarkIsIgnored) {
 }
 
 TEST(LanguageFile, InOtherEncodingsIsIgnored) {
-    for (const std::string& start : {"\xFE\xFF\0$"s, "\xEF\xBB\xBF$a"s, "$a"s, "\xFF"s, "\xFF\xFF"s, ""s}) {
+    for (const std::string& start :
+         {"\xFE\xFF\0$"s, "\xFE\xFE"s, "\xEF\xBB\xBF$a"s, "$a"s, "\xFF"s, "\xFF\xFF"s, ""s}) {
         const auto bytes = std::as_bytes(std::span(start));
         EXPECT_FALSE(ReadLanguageFile(bytes)) << testing::PrintToString(start);
         EXPECT_FALSE(ReadLanguageHeader(bytes)) << testing::PrintToString(start);
     }
+}
+
+TEST(LanguageFile, WithHalfAMarkIsIgnoredWhateverLiesBehindIt) {
+    const std::string start = "\xFF\xFE";
+    const auto half = std::as_bytes(std::span(start).first(1));
+    EXPECT_FALSE(ReadLanguageFile(half));
+    EXPECT_FALSE(ReadLanguageHeader(half));
 }
 
 TEST(LanguageFile, OddLastByteIsLeftOut) {

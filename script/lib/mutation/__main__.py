@@ -1,9 +1,9 @@
 """Changes the sources, one operator, constant, condition or statement at a time, and says which changes no test sees.
 
-Everything happens in copies under build/mutate/. In the first copy all changes wait behind switches, so that one
-build holds them all, and one run of the tests says which of them each test reaches. A change lives in the runs of
-those tests alone, and is done with at the first that fails. What cannot be switched (a constant of the compiler, for
-example) is built by itself in the second copy. Results are kept: a change that was found out stays so until its file
+Everything happens in a copy under build/mutate/. There all changes wait behind switches, so that one build holds them
+all, and one run of the tests says which of them each test reaches. A change lives in the runs of those tests alone,
+and is done with at the first that fails. What cannot be switched (a constant of the compiler, for example) is built
+by itself afterwards. Results are kept: a change that was found out stays so until its file
 changes, a survivor is tried again when anything has changed.
 
 A survivor that no test can see is explained in a file of the project, and reported apart; an explanation of
@@ -157,14 +157,14 @@ class Run:
             failures += "" if fine else text
         return failures
 
-    def woven_text(self, name):
+    def woven_text(self, name, alive=None):
         """Places that were taken out are named by the line where they begin, constants by their offset."""
         found, out = self.found[name], self.alone[name]
         inside = [mutant for mutant in found.mutants if mutant.number in self.switchable(name)]
         constants = [one for one in found.constants if f"constant {one[0]}" not in out and
                      any(one[1] <= mutant.start and mutant.end <= one[2] and not mutant.in_lambda
                          for mutant in inside)]
-        return weave.weave(self.texts[name], inside, constants, found.constexpr_functions)
+        return weave.weave(self.texts[name], inside, constants, found.constexpr_functions, alive)
 
     def switchable(self, name):
         found, out = self.found[name], self.alone[name]
@@ -321,7 +321,9 @@ class Run:
         say(f"{len(self.chosen)} mutants, {len(todo)} to try, {len(todo) - len(switched)} of them built one by one")
         self.again = []
         self.in_parallel(self.try_switched, switched)
-        for mutant in [one for one in todo if one.number not in switchable] + self.again:
+        alone = [one for one in todo if one.number not in switchable] + self.again
+        # Changes of one file in a row: less is built in between.
+        for mutant in sorted(alone, key=lambda one: one.number):
             self.try_alone(mutant)
 
     def try_switched(self, mutant):
@@ -353,25 +355,26 @@ class Run:
         targets = {}
         for entry in self.order(mutant.file, reaching):
             targets.setdefault((entry.tree.kind, entry.program().stem), []).append(entry)
-        path = self.folder / "plain" / "source" / mutant.file
-        trees.write(path, weave.apply(self.texts[mutant.file], mutant))
+        path = self.folder / "woven" / "source" / mutant.file
+        trees.write(path, self.woven_text(mutant.file, mutant))
         try:
             self.note(mutant, *self.verdict_alone(targets))
         finally:
-            trees.write(path, self.texts[mutant.file])
+            trees.write(path, self.woven_text(mutant.file))
 
     def verdict_alone(self, targets):
         spent = 0
-        for (kind, target), entries in targets.items():
-            tree = next(tree for tree in self.plain if tree.kind == kind)
-            if not tree.build(target)[0]:
+        of_kind = {tree.kind: tree for tree in self.woven}
+        # What is soonest built comes first.
+        in_order = sorted(targets.items(), key=lambda one: (one[0][0] != "native", of_kind[one[0][0]].steps(one[0][1])))
+        for (kind, target), entries in in_order:
+            if not of_kind[kind].build(target)[0]:
                 return "not compiling", target
-            of_plain = {entry.name: entry for entry in tree.entries()}
             for entry in entries:
                 if spent > self.options.budget:
                     return "survived", ""
                 begin = time.monotonic()
-                if not of_plain[entry.name].run(self.limit(entry)):
+                if not entry.run(self.limit(entry), VMK_MUTANT="0"):
                     return "killed", self.entry_key(entry)
                 spent += time.monotonic() - begin
         return "survived", ""

@@ -1,22 +1,24 @@
-"""Puts mutants into a source: one of them in its place, or all of them, each behind a switch."""
+"""Puts mutants into a source, each behind a switch."""
 import re
+
+from mutants import Mutant
 
 STRING_OR_COMMENT = re.compile(r"""(L?"(?:\\.|[^"\\])*"|L?'(?:\\.|[^'\\])*')|//[^\n]*""")
 
 
-def apply(text, mutant):
-    """The source (bytes) with this mutant in it."""
-    return text[:mutant.start] + mutant.text.encode() + text[mutant.end:]
-
-
-def weave(text, mutants, constants=(), constexpr_functions=()):
+def weave(text, mutants, constants=(), constexpr_functions=(), alive=None):
     """The source with all these mutants behind switches; line numbers stay. The declarations of `constants`,
-    (start, end of the word, ...), are made constants of the running program, so that their mutants can be switched."""
+    (start, end of the word, ...), are made constants of the running program, so that their mutants can be switched.
+    The mutant `alive`, which is none of these, is in its place."""
     sites = {}
     for mutant in mutants:
         sites.setdefault((mutant.start, mutant.end), []).append(mutant)
     for start, end, *_ in constants:
         sites[(start, end)] = None
+    if alive:
+        sites = {site: ones for site, ones in sites.items()
+                 if site != (alive.start, alive.end) and not (alive.start <= site[0] and site[1] <= alive.end)}
+        sites[(alive.start, alive.end)] = alive
     return _Weaver(text, sites, constexpr_functions).run()
 
 
@@ -49,6 +51,8 @@ class _Weaver:
         start, end = site
         mutants = self.sites[site]
         inner = self.inside(start, end)
+        if isinstance(mutants, Mutant):
+            return mutants.text
         if mutants is None:
             return inner.replace("constexpr", "const")
         runs = any(low <= start and end <= high for low, high in self.constexpr_functions)
