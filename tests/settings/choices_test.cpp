@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "settings/groups.h"
@@ -72,6 +73,40 @@ TEST(Choices, HaveDistinctValuesAndTexts) {
     ExpectDistinctValuesAndTexts(choices::kShownTexts, "texts of a signature");
 }
 
+// The settings reference, with which the other texts are compared, lists these nowhere.
+TEST(Choices, OfPartsOfASettingHaveTheirTexts) {
+    const auto texts = [](std::span<const Choice> choices) {
+        std::vector<std::pair<std::int32_t, std::wstring>> all;
+        for (const Choice& choice : choices) all.emplace_back(choice.value, choice.text);
+        return all;
+    };
+    using Texts = std::vector<std::pair<std::int32_t, std::wstring>>;
+    EXPECT_EQ(texts(choices::kOrdersOfTwo), (Texts{{0, L"Left To Right"}, {1, L"Right To Left"}}));
+    EXPECT_EQ(texts(choices::kGraphics), (Texts{{0, L"No Graphic"}, {0x10, L"Image"}, {0x20, L"Name"}}));
+    EXPECT_EQ(texts(choices::kShownTexts), (Texts{{0x100, L"Name"},
+                                                  {0x400, L"Location"},
+                                                  {0x1000, L"Distinguished Name"},
+                                                  {0x200, L"Date"},
+                                                  {0x800, L"Reason"},
+                                                  {0x8000, L"Labels"}}));
+}
+
+TEST(Choices, OfANumberThatIsNoneOfThemIsNone) {
+    EXPECT_EQ(FindChoice(choices::kFlag, 1), &choices::kFlag[1]);
+    EXPECT_EQ(FindChoice(choices::kFlag, 2), nullptr);
+    EXPECT_EQ(FindChoice({}, 0), nullptr);
+}
+
+TEST(NumberValues, AreInTheRangeFromTheSmallestToTheLargest) {
+    const NumberValues range = {.name = "a range", .smallest = 1, .largest = 8};
+    EXPECT_FALSE(range.IsInRange(0));
+    EXPECT_TRUE(range.IsInRange(1));
+    EXPECT_TRUE(range.IsInRange(8));
+    EXPECT_FALSE(range.IsInRange(9));
+    const NumberValues none = {.name = "choices alone"};
+    EXPECT_FALSE(none.IsInRange(0));
+}
+
 // No default is an exception.
 TEST(NumberValues, IncludeTheDefaultOfEveryNumber) {
     for (const auto& [name, byDefault] : StoredNumbers()) {
@@ -99,10 +134,13 @@ TEST(NumberValues, AreNoneOfTextsAndOtherNames) {
 
 TEST(NumberValues, OfTheSignaturesFlagsReachToTheLargestSum) {
     std::int32_t largestGraphic = 0;
+    std::int32_t graphicBits = 0;
     for (const Choice& graphic : choices::kGraphics) {
         EXPECT_EQ(graphic.value & ~choices::kGraphicBits, 0) << graphic.value;
         largestGraphic = std::max(largestGraphic, graphic.value);
+        graphicBits |= graphic.value;
     }
+    EXPECT_EQ(choices::kGraphicBits, graphicBits);
     std::int32_t bits = 0;
     for (const Choice& text : choices::kShownTexts) {
         EXPECT_EQ(text.value & choices::kGraphicBits, 0) << text.value;
