@@ -310,6 +310,16 @@ TEST_F(Invoking, TheExitCodeIsWrittenThroughAVariableThatRefersToAnother) {
     EXPECT_EQ(V_I4(&last), IDCANCEL);
 }
 
+TEST_F(Invoking, TheExitCodeIsWrittenToTheLastOfFourVariablesThatReferToEachOther) {
+    VARIANT last{};
+    VARIANT third = ReferenceTo(last);
+    VARIANT second = ReferenceTo(third);
+    VARIANT first = ReferenceTo(second);
+    EXPECT_EQ(Call(kOpenDialog, {Of(0), ReferenceTo(first)}), S_OK);
+    EXPECT_EQ(V_VT(&last), VT_I4);
+    EXPECT_EQ(V_I4(&last), IDCANCEL);
+}
+
 // Some hosts, JScript among them, pass nothing by reference: whatever stands there is not looked at.
 TEST_F(Invoking, TheExitCodeIsDroppedWhereAValueWasPassedForIt) {
     const AutomationString text(L"no number");

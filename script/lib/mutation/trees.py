@@ -87,7 +87,8 @@ class Entry:
 
     def run(self, limit, **variables):
         """Whether the test passes; one that takes longer than the limit does not."""
-        environment = {**os.environ, **self.environment, "VMK_TIMEOUT": str(int(limit)), **variables}
+        environment = {**os.environ, **self.environment, "VMK_TIMEOUT": str(int(limit)),
+                       "VMK_KEEP_SESSION": "1", **variables}
         # Under Wine the limit is kept by the one who runs the program, and cleans up as well.
         command = self.command if self.tree.kind == "windows" else ["timeout", "-s", "KILL", str(limit), *self.command]
         return subprocess.run(command, env=environment, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
