@@ -56,6 +56,15 @@ TEST_F(BoundCheckbox, ItsDependentsOpposeItWhenTheFlagSaysSo) {
     EXPECT_EQ(EnabledDependents(), 0U);
 }
 
+TEST_F(BoundCheckbox, ShowingItOnEnablesTheDependentsAlsoWhereOnlyAClickDisablesThem) {
+    Open(1, {.ids = kDependents, .offByClickOnly = true});
+    box->SetCheck(false);
+    EXPECT_EQ(EnabledDependents(), 0U);
+    box->Show();
+    EXPECT_TRUE(box->IsChecked());
+    EXPECT_EQ(EnabledDependents(), 3U);
+}
+
 TEST_F(BoundCheckbox, SettingTheCheckSwitchesTheDependentsButNotApply) {
     Open(0);
     box->SetCheck(true);

@@ -99,5 +99,20 @@ TEST_F(MethodWithoutMemory, StoreLeavesOutNoMoreThanTheTextThatItIsMissingFor) {
         [](bool) {});
 }
 
+TEST(TypeDescriptionWithAFault, IsNoneWhereTheFileOfTheModuleCannotBeFound) {
+    const ComApartment apartment;
+    const LoadedModule module;
+    const auto object = module.CreatePreferences();
+    ImportFaults faults(module.get());
+    faults.Fail({.function = "GetModuleFileNameW", .lasting = true});
+    ComPointer<ITypeInfo> info;
+    EXPECT_TRUE(FAILED(object->GetTypeInfo(0, 0, info.put())));
+    EXPECT_FALSE(info);
+    EXPECT_TRUE(faults.HaveFailed());
+    faults.Stop();
+    EXPECT_EQ(object->GetTypeInfo(0, 0, info.put()), S_OK);
+    EXPECT_TRUE(info);
+}
+
 }  // namespace
 }  // namespace vmk::test
