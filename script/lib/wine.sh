@@ -20,7 +20,7 @@ wine_environment() {
     wine=$(wine_binary)
     export WINEPREFIX="$wine_dir/$1/prefix"
     export WINEARCH=win64
-    export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
+    export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe${VMK_KEEP_SESSION:+,winedbg.exe}="
     export WINEDEBUG="${WINEDEBUG--all}"
     if [ -f "$wine_dir/$1/display" ]; then
         DISPLAY=":$(cat "$wine_dir/$1/display")"
@@ -96,6 +96,15 @@ wine_acquire() {
     exec 9>"$wine_dir/1.lock"
     flock 9
     export wine_slot=1
+}
+
+# wine_keep_session SLOT: has a program wait in the slot for a while, unless one does. The session ends with its last
+# program, and to begin a new one takes longer than many a test.
+wine_keep_session() {
+    local slot_dir="$wine_dir/$1"
+    ! kill -0 "$(cat "$slot_dir/keeper.pid" 2>/dev/null)" 2>/dev/null || return 0
+    setsid timeout 1800 "$wine" ping -n 1800 127.0.0.1 >/dev/null 2>&1 </dev/null 9>&- &
+    echo $! >"$slot_dir/keeper.pid"
 }
 
 # wine_end_session SLOT: ends the slot's server, and every program with it.
