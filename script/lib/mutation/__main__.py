@@ -34,7 +34,7 @@ EXPLAINED = "tests/explained_mutants.toml"
 # A test that takes this many times as long as it should hangs.
 PATIENCE = 4
 # In seconds; a session of Wine may have to begin anew, on a machine that has other things to do.
-SHORTEST_LIMIT = {"native": 4, "windows": 40}
+SHORTEST_LIMIT = {"native": 2, "windows": 40}
 # Numbers are given to files in blocks.
 BLOCK = 50
 
@@ -271,13 +271,12 @@ class Run:
 
     def order(self, file, entries):
         """The likeliest killers first: native ones, those named like the file, those of its folder, short ones."""
-        folder, stem = Path(file).parent.name, Path(file).stem
+        folder, stem = file.split("/")[0], Path(file).stem
 
         def place(entry):
             test_folder, _, test = entry.name.partition(".")
-            return (entry.tree.kind != "native",
-                    not (test_folder.startswith(folder) and test.startswith(stem)),
-                    not test_folder.startswith(folder), entry.seconds)
+            likeness = (test == stem) + test.startswith(stem) if test_folder.startswith(folder) else 0
+            return entry.tree.kind != "native", -likeness, not test_folder.startswith(folder), entry.seconds
         return sorted(entries, key=place)
 
     # --- each of them alive
