@@ -92,27 +92,39 @@ void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     End(dialog, run);
 }
 
-// A button that opens something modal, and a control that only its page has.
+// A button that opens something modal, and its page in the list.
 struct Opener {
     int button;
-    int besideIt;
+    int pageFromEnd;
 };
-constexpr Opener kOpeners[] = {
-    {.button = IDC_EMAIL_EDIT_SERVER, .besideIt = IDC_EMAIL_EDIT_SERVER},
-    {.button = IDC_SAVE_MACRO, .besideIt = IDC_SAVE_START_SPIN},
-};
+constexpr Opener kOpeners[] = {{.button = IDC_EMAIL_EDIT_SERVER, .pageFromEnd = 3},
+                               {.button = IDC_SAVE_MACRO, .pageFromEnd = 4}};
+
+HWND PageList(HWND dialog) {
+    return GetDlgItem(NavigatorOf(dialog), IDC_NAVIGATOR_LIST);
+}
+
+int PageCount(HWND dialog) {
+    return ListView_GetItemCount(PageList(dialog));
+}
+
+void SelectPage(HWND dialog, int fromEnd) {
+    ListView_SetItemState(PageList(dialog), PageCount(dialog) - fromEnd, LVIS_SELECTED | LVIS_FOCUSED,
+                          LVIS_SELECTED | LVIS_FOCUSED);
+}
 
 }  // namespace
 
-void WalkThrough(HWND dialog) {
-    HWND list = GetDlgItem(NavigatorOf(dialog), IDC_NAVIGATOR_LIST);
-    for (int item = 0; item < ListView_GetItemCount(list); ++item) {
-        ListView_SetItemState(list, item, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-        for (const auto& [button, besideIt] : kOpeners) {
-            if (FindVisibleControl(dialog, besideIt))
-                SendMessageW(FindVisibleControl(dialog, button), BM_CLICK, 0, 0);
-        }
+void OpenWhatOpens(HWND dialog) {
+    for (const Opener& opener : kOpeners) {
+        SelectPage(dialog, opener.pageFromEnd);
+        SendMessageW(FindVisibleControl(dialog, opener.button), BM_CLICK, 0, 0);
     }
+}
+
+void WalkThrough(HWND dialog) {
+    for (int fromEnd = PageCount(dialog); fromEnd > 0; --fromEnd) SelectPage(dialog, fromEnd);
+    OpenWhatOpens(dialog);
 }
 
 Opening OpenAndEnd(IPdfPrinterPreferences& object, Ending ending,

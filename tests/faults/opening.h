@@ -29,8 +29,10 @@ struct Opening {
 Opening OpenAndEnd(IPdfPrinterPreferences& object, Ending ending,
                    const std::function<void(HWND dialog)>& inDialog = {}, LANGID language = kEnglish);
 
-// What a user does in a dialog that changes nothing: looks at each page, opens the settings of the e-mail
-// server and closes them with OK, opens the menu of macros and closes it again. For `inDialog`.
+// What a user does in a dialog that changes nothing, for `inDialog`: opens the settings of the e-mail server
+// and closes them with OK, opens the menu of macros and closes it again; with WalkThrough he looks at the
+// other pages as well.
+void OpenWhatOpens(HWND dialog);
 void WalkThrough(HWND dialog);
 
 }  // namespace vmk::test

@@ -72,8 +72,10 @@ template <Literal kName, typename Result, typename... Arguments, std::intptr_t k
 struct StandIn<kName, Result(Arguments...), kAnswer, kError> {
     static inline void* s_original = nullptr;
     static inline std::atomic<bool> s_isPlanned = false;
+    static inline std::atomic<long> s_calls = 0;
 
     static Result WINAPI Call(Arguments... arguments) {
+        ++s_calls;
         if (!s_isPlanned || !countdown.IsFailing()) return Original(arguments...);
         const std::intptr_t answer = countdown.pretends ? TRUE : kAnswer;
         if (kError != ERROR_SUCCESS) SetLastError(kError);
@@ -122,6 +124,7 @@ struct Row {
     void* standIn;
     void** original;
     std::atomic<bool>* isPlanned;
+    std::atomic<long>* calls;
 };
 
 template <typename One>
@@ -129,7 +132,8 @@ Row RowOf(std::string_view name) {
     return {.name = name,
             .standIn = reinterpret_cast<void*>(&One::Call),
             .original = &One::s_original,
-            .isPlanned = &One::s_isPlanned};
+            .isPlanned = &One::s_isPlanned,
+            .calls = &One::s_calls};
 }
 
 template <Literal kName, typename Signature, std::intptr_t kAnswer = 0, DWORD kError = ERROR_OUTOFMEMORY>
@@ -194,6 +198,18 @@ const Row* Find(std::string_view name) {
     return found == rows.end() ? nullptr : &*found;
 }
 
+// Those of the imported functions that are meant.
+std::vector<const Row*> RowsOf(std::string_view function, const std::vector<std::string>& imported) {
+    constexpr std::string_view kAllocators[] = {"malloc", "calloc", "realloc"};
+    std::span<const std::string_view> names(&function, 1);
+    if (function == "memory") names = kAllocators;
+    std::vector<const Row*> rows;
+    for (const std::string_view name : names)
+        if (std::ranges::find(imported, name) != imported.end()) rows.push_back(Find(name));
+    if (rows.empty()) throw std::invalid_argument(std::string(function) + " is not imported");
+    return rows;
+}
+
 template <typename Structure>
 Structure* At(HMODULE module, std::size_t offset) {
     return reinterpret_cast<Structure*>(reinterpret_cast<std::byte*>(module) + offset);
@@ -233,6 +249,7 @@ ImportFaults::ImportFaults(HMODULE module) {
         const Row* const row = Find(name);
         if (!row) return;
         *row->original = *slot;
+        *row->calls = 0;
         m_patches.push_back({.slot = slot, .original = *slot});
         m_functions.emplace_back(name);
         Write(slot, row->standIn);
@@ -247,16 +264,7 @@ ImportFaults::~ImportFaults() {
 
 void ImportFaults::Fail(const Plan& plan) {
     Stop();
-    constexpr std::string_view kAllocators[] = {"malloc", "calloc", "realloc"};
-    std::span<const std::string_view> functions(&plan.function, 1);
-    if (plan.function == "memory") functions = kAllocators;
-    bool isImported = false;
-    for (const std::string_view function : functions) {
-        if (std::ranges::find(m_functions, function) == m_functions.end()) continue;
-        isImported = true;
-        *Find(function)->isPlanned = true;
-    }
-    if (!isImported) throw std::invalid_argument(std::string(plan.function) + " is not imported");
+    for (const Row* const row : RowsOf(plan.function, m_functions)) *row->isPlanned = true;
     countdown.calls = 0;
     countdown.failed = 0;
     countdown.lasting = plan.lasting;
@@ -268,6 +276,12 @@ void ImportFaults::Fail(const Plan& plan) {
 void ImportFaults::Stop() {
     countdown.first = 0;
     for (const Row& row : Rows()) *row.isPlanned = false;
+}
+
+long ImportFaults::CallsOf(std::string_view function) const {
+    long calls = 0;
+    for (const Row* const row : RowsOf(function, m_functions)) calls += *row->calls;
+    return calls;
 }
 
 long ImportFaults::Calls() const {

@@ -41,6 +41,9 @@ class ImportFaults {
     long Calls() const;
     bool HaveFailed() const;
 
+    // Calls of any function since this object is there.
+    long CallsOf(std::string_view function) const;
+
     // Blocks of the C runtime's heap that the module has allocated and not freed again. Those that it had
     // before it was led through here and has freed since count the other way.
     static long Blocks();

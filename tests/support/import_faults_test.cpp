@@ -51,6 +51,14 @@ TEST_F(ImportFault, OnlyCountsWhenTheChosenCallNeverComes) {
     EXPECT_FALSE(m_faults.HaveFailed());
 }
 
+TEST_F(ImportFault, CountsTheCallsOfEveryFunction) {
+    const long before = m_faults.CallsOf("RegSetValueExA");
+    StoredValues();
+    EXPECT_EQ(m_faults.CallsOf("RegSetValueExA") - before, 2);
+    EXPECT_GT(m_faults.CallsOf("memory"), 0);
+    EXPECT_THROW(m_faults.CallsOf("CreateFileW"), std::invalid_argument);
+}
+
 TEST_F(ImportFault, SparesOtherThreads) {
     m_faults.Fail({.function = "RegSetValueExA", .lasting = true, .thread = GetCurrentThreadId() + 4});
     EXPECT_EQ(StoredValues(), 2);

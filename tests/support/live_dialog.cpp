@@ -3,7 +3,6 @@
 #include <windows.h>
 // commctrl.h needs windows.h before it.
 #include <commctrl.h>
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
