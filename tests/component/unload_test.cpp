@@ -54,8 +54,8 @@ TEST(Unloading, AgainAndAgainLeavesNothingBehind) {
     const ComApartment apartment;
     const ScratchKey scratch;
     constexpr long kWarmUp = 20;
-    constexpr long kEvery = 50;
-    const long times = Effort(500, 10'000);
+    constexpr long kEvery = 25;
+    const long times = Effort(250, 10'000);
     const std::size_t perCycle = GdiObjectsOfCommonControls();
     Growth growth(times / kEvery);
     for (long time = -kWarmUp; time < times; ++time) {

@@ -64,7 +64,7 @@ class DialogOpenings : public testing::Test {
 };
 
 TEST_F(DialogOpenings, AgainAndAgainLeaveNothingBehind) {
-    const Growth growth = Open(Watermarks, {.before = 20, .times = Effort(500, 20'000), .counts = 50});
+    const Growth growth = Open(Watermarks, {.before = 20, .times = Effort(300, 20'000), .counts = 50});
     growth.Print("openings with one page");
     EXPECT_EQ(growth.Found(), "");
 }
@@ -72,7 +72,7 @@ TEST_F(DialogOpenings, AgainAndAgainLeaveNothingBehind) {
 // The system's own edit boxes and lists, where they are themed, leave blocks of the heap behind in any
 // program.
 TEST_F(DialogOpenings, WithAllPagesLeaveNoMoreBehindThanTheirBareTemplates) {
-    const Openings openings = {.before = 5, .times = Effort(20, 2000), .counts = 20};
+    const Openings openings = {.before = 5, .times = Effort(15, 2000), .counts = 15};
     const Growth bare = OpenBare(AllPages, openings);
     const Growth growth = Open(AllPages, openings);
     bare.Print("openings of the bare templates of all pages");
