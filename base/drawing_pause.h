@@ -4,7 +4,7 @@
 
 namespace vmk {
 
-// No drawing of a window between many changes.
+// No drawing of a window between many changes. Not for a hidden one, which may come into sight at the end.
 class DrawingPause {
   public:
     explicit DrawingPause(HWND window) noexcept : m_window(window) {

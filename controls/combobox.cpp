@@ -3,19 +3,10 @@
 #include <algorithm>
 #include <new>
 
-#include "base/drawing_pause.h"
-
 namespace vmk {
 namespace {
 
 constexpr size_t kLongestItemText = 255;
-
-// The part that drops down.
-HWND ListOf(HWND box) {
-    COMBOBOXINFO info{};
-    info.cbSize = sizeof(info);
-    return GetComboBoxInfo(box, &info) ? info.hwndList : nullptr;
-}
 
 // An item that is not there could not be selected, and its setting would be lost.
 void AddString(HWND box, const std::wstring& text) {
@@ -30,17 +21,12 @@ void CMyCombobox::Bind(BoundDialog& page, UINT id, std::int32_t& field, std::spa
     Attach(page, id);
     m_field = &field;
     m_rules = rules;
-    AddItems(choices);
-    Show();
-}
-
-void CMyCombobox::AddItems(std::span<const Choice> choices) {
-    const DrawingPause pause(ListOf(Handle()));
     for (const Choice& choice : choices) {
         const std::wstring text = Translate(choice.text).substr(0, kLongestItemText);
         m_items.push_back({.value = choice.value, .text = text});
         AddString(Handle(), text);
     }
+    Show();
 }
 
 void CMyCombobox::BindBits(BoundDialog& page, UINT id, std::int32_t& field, std::int32_t bits,

@@ -58,7 +58,6 @@ class CMyCombobox final : public BoundControl {
 
     static constexpr std::int32_t kAllBits = -1;
 
-    void AddItems(std::span<const Choice> choices);
     bool Select(std::int32_t value) const;
     void ApplyRules(std::int32_t value) const;
 

@@ -114,28 +114,29 @@ void DamagedRegistry::CheckStored(const PrinterSettings& expected, Findings& fin
     Compare("loaded again", m_again.Values(), stored, findings);
 }
 
-Findings DamagedRegistry::TryLoading(const std::map<std::string, Damage>& damages) const {
+// The record that has to come of it.
+PrinterSettings DamagedRegistry::LoadAndCheck(const std::map<std::string, Damage>& damages,
+                                              Findings& findings) const {
     RawValues values = m_values;
     for (const auto& [name, damage] : damages) {
         values.erase(name);
         if (damage.value) values.emplace(name, *damage.value);
     }
-    Findings findings;
     Load(damages);
-    CheckLoaded(damages, Reading(values, m_undamaged), findings);
+    PrinterSettings record = Reading(values, m_undamaged);
+    CheckLoaded(damages, record, findings);
+    return record;
+}
+
+Findings DamagedRegistry::TryLoading(const std::map<std::string, Damage>& damages) const {
+    Findings findings;
+    LoadAndCheck(damages, findings);
     return findings;
 }
 
 Findings DamagedRegistry::Try(const std::map<std::string, Damage>& damages, PageSet pages) const {
-    RawValues values = m_values;
-    for (const auto& [name, damage] : damages) {
-        values.erase(name);
-        if (damage.value) values.emplace(name, *damage.value);
-    }
     Findings findings;
-    Load(damages);
-    PrinterSettings record = Reading(values, m_undamaged);
-    CheckLoaded(damages, record, findings);
+    PrinterSettings record = LoadAndCheck(damages, findings);
 
     m_object.DisablePage(AllPages);
     m_object.EnablePage(static_cast<PdfPrinterDialogPage>(pages));

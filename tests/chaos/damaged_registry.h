@@ -39,6 +39,7 @@ class DamagedRegistry {
 
   private:
     void Load(const std::map<std::string, Damage>& damages) const;
+    PrinterSettings LoadAndCheck(const std::map<std::string, Damage>& damages, Findings& findings) const;
     RawValues StoredNow() const;
     void CheckLoaded(const std::map<std::string, Damage>& damages, const PrinterSettings& expected,
                      Findings& findings) const;

@@ -27,33 +27,35 @@ std::wstring FolderOf(HMODULE module) {
     return whole.substr(0, whole.rfind(L'\\') + 1);
 }
 
-TEST(HostWithAFault, KeepsItsCurrentFolderWhereThatCannotBeRead) {
-    const ComApartment apartment;
-    const LoadedModule module;
-    const auto object = module.CreatePreferences();
-    ImportFaults faults(module.get());
-    SetCurrentDirectoryW(L"C:\\");
+// A host whose current folder is the root of a drive.
+class HostInAFolder : public testing::Test {
+  protected:
+    HostInAFolder() { SetCurrentDirectoryW(L"C:\\"); }
+    ~HostInAFolder() override { SetCurrentDirectoryW(TestFolder().c_str()); }
+
+    void OpenWith(const ImportFaults::Plan& plan) {
+        m_faults.Fail(plan);
+        EXPECT_EQ(OpenAndEnd(*m_object, Ending::kCancel).exitCode, IDCANCEL);
+        EXPECT_TRUE(m_faults.HaveFailed());
+    }
+
+    const ComApartment m_apartment;
+    const LoadedModule m_module;
+    const ComPointer<IPdfPrinterPreferences> m_object = m_module.CreatePreferences();
+    ImportFaults m_faults{m_module.get()};
+};
+
+TEST_F(HostInAFolder, KeepsItWhereItCannotBeRead) {
     const std::wstring before = CurrentFolder();
-    faults.Fail({.function = "GetCurrentDirectoryW", .lasting = true});
-    EXPECT_EQ(OpenAndEnd(*object, Ending::kCancel).exitCode, IDCANCEL);
-    EXPECT_TRUE(faults.HaveFailed());
+    OpenWith({.function = "GetCurrentDirectoryW", .lasting = true});
     EXPECT_EQ(CurrentFolder(), before);
-    SetCurrentDirectoryW(TestFolder().c_str());
 }
 
 // With no way back the host stays where the dialog was for a moment.
-TEST(HostWithAFault, IsInTheFolderOfTheModuleUntilItsOwnIsTheCurrentOneAgain) {
-    const ComApartment apartment;
-    const LoadedModule module;
-    const auto object = module.CreatePreferences();
-    ImportFaults faults(module.get());
-    SetCurrentDirectoryW(L"C:\\");
-    faults.Fail({.function = "SetCurrentDirectoryW", .first = 2});
-    EXPECT_EQ(OpenAndEnd(*object, Ending::kCancel).exitCode, IDCANCEL);
-    EXPECT_TRUE(faults.HaveFailed());
-    EXPECT_EQ(faults.Calls(), 2);
-    EXPECT_EQ(CurrentFolder() + L'\\', FolderOf(module.get()));
-    SetCurrentDirectoryW(TestFolder().c_str());
+TEST_F(HostInAFolder, IsInThatOfTheModuleUntilItsOwnIsTheCurrentOneAgain) {
+    OpenWith({.function = "SetCurrentDirectoryW", .first = 2});
+    EXPECT_EQ(m_faults.Calls(), 2);
+    EXPECT_EQ(CurrentFolder() + L'\\', FolderOf(m_module.get()));
 }
 
 // What it would store can be kept nowhere until the result is known.
