@@ -6,6 +6,8 @@
 
 wine_slots=${VMK_WINE_SLOTS:-$(nproc)}
 wine_dir=${VMK_WINE_DIR:-$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)/build/wine}
+# To be counted up with every change of what a new prefix holds.
+wine_prefix_version=2
 
 # The Debian package has no wine64 on the path; /usr/bin/wine grumbles about the missing 32-bit half.
 wine_binary() {
@@ -34,6 +36,7 @@ wine_start() {
     wine_make_prefix "$1"
     # Without a window manager Wine would wait two seconds for one at each modal dialog.
     wine_managed "$1" N
+    wine_resolution "$1" "${VMK_DPI:-96}"
 }
 
 # wine_start_display SLOT: starts the slot's virtual display unless it runs.
@@ -59,17 +62,33 @@ wine_start_display() {
     mv "$slot_dir/display.new" "$slot_dir/display"
 }
 
-# wine_make_prefix SLOT: makes the prefix unless it is there, and exports what Wine needs to run in it.
+# wine_make_prefix SLOT: makes the prefix unless it is there, and exports what Wine needs to run in it. A prefix that was
+# made in another way than this one is made anew.
 wine_make_prefix() {
     local slot_dir="$wine_dir/$1"
     mkdir -p "$slot_dir"
     wine_environment "$1"
-    [ ! -f "$slot_dir/ready" ] || return 0
-    rm -rf "$slot_dir/prefix" "$slot_dir/managed"
+    [ "$(cat "$slot_dir/ready" 2>/dev/null)" != "$wine_prefix_version" ] || return 0
+    [ ! -d "$slot_dir/prefix" ] || wine_end_session "$1"
+    rm -rf "$slot_dir/prefix" "$slot_dir/managed" "$slot_dir/dpi"
     timeout 120 "$wine" wineboot -i >"$slot_dir/wineboot.log" 2>&1 9>&- || true
-    timeout 60 "$wine" reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
-        >>"$slot_dir/wineboot.log" 2>&1 9>&-
-    touch "$slot_dir/ready"
+    # The font of the dialog on Windows, or what has its widths.
+    cp /usr/share/wine/fonts/tahoma.ttf /usr/share/wine/fonts/tahomabd.ttf "$slot_dir/prefix/drive_c/windows/Fonts/"
+    wine_registry "$1" <<'END'
+[HKEY_CURRENT_USER\Software\Wine\WineDbg]
+"ShowCrashDialog"=dword:00000000
+[HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes]
+"MS Shell Dlg"="Tahoma"
+"MS Shell Dlg 2"="Tahoma"
+END
+    echo "$wine_prefix_version" >"$slot_dir/ready"
+}
+
+# wine_registry SLOT: writes the keys and values of the standard input, which has the form of a file of the registry editor.
+wine_registry() {
+    local slot_dir="$wine_dir/$1"
+    { printf 'REGEDIT4\n\n' && cat; } >"$slot_dir/values.reg"
+    timeout 60 "$wine" regedit /S "Z:${slot_dir//\//\\}\\values.reg" >>"$slot_dir/wineboot.log" 2>&1 9>&-
 }
 
 # wine_managed SLOT Y|N: whether windows of the prefix are left to a window manager.
@@ -79,6 +98,20 @@ wine_managed() {
     timeout 60 "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d "$2" /f \
         >>"$slot_dir/wineboot.log" 2>&1 9>&-
     echo "$2" >"$slot_dir/managed"
+}
+
+# wine_resolution SLOT DPI: the resolution of the slot's screen. A session learns it when it begins.
+wine_resolution() {
+    local slot_dir="$wine_dir/$1"
+    [ "$(cat "$slot_dir/dpi" 2>/dev/null || echo 96)" != "$2" ] || return 0
+    wine_registry "$1" <<END
+[HKEY_CURRENT_USER\\Control Panel\\Desktop]
+"LogPixels"=dword:$(printf '%08x' "$2")
+[HKEY_CURRENT_USER\\Software\\Wine\\Fonts]
+"LogPixels"=dword:$(printf '%08x' "$2")
+END
+    wine_end_session "$1"
+    echo "$2" >"$slot_dir/dpi"
 }
 
 # wine_acquire: locks a free slot (file descriptor 9, until this process ends), waiting for the first when all are
