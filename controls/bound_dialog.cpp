@@ -8,6 +8,7 @@
 #include "controls/check_state.h"
 #include "controls/focus.h"
 #include "controls/radio_focus.h"
+#include "controls/text_lines.h"
 #include "framework/reflection.h"
 
 namespace vmk {
@@ -81,6 +82,8 @@ std::optional<LRESULT> BoundDialog::ProcessWindowMessage(HWND hwnd, UINT msg, WP
             ForgetValues();
             OnInitDialog();
             if (m_hasRadioButtons) PrepareRadioButtons(hwnd);
+            PutLabelsOnTextLines(hwnd);
+            WidenDropDownLists(hwnd);
             return TRUE;
         case WM_COMMAND:
             return HandleCommand(wParam, lParam);

@@ -51,6 +51,7 @@ HWND CDlgSettings::List() const {
 }
 
 void CDlgSettings::OnInitDialog() {
+    TranslateWindowTexts(Handle());
     {
         const DrawingPause pause(List());
         PrepareList();

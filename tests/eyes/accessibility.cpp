@@ -21,6 +21,46 @@ VARIANT Itself() {
     return self;
 }
 
+// What such a control shows is no name.
+bool IsShowingItsValue(ControlKind kind) {
+    switch (kind) {
+        case ControlKind::kEdit:
+        case ControlKind::kDropDownList:
+        case ControlKind::kComboBox:
+        case ControlKind::kList:
+        case ControlKind::kSpin:
+            return true;
+        default:
+            return false;
+    }
+}
+
+LONG RoleOf(ControlKind kind) {
+    switch (kind) {
+        case ControlKind::kPushButton:
+            return ROLE_SYSTEM_PUSHBUTTON;
+        case ControlKind::kCheckBox:
+            return ROLE_SYSTEM_CHECKBUTTON;
+        case ControlKind::kRadioButton:
+            return ROLE_SYSTEM_RADIOBUTTON;
+        case ControlKind::kGroupBox:
+            return ROLE_SYSTEM_GROUPING;
+        case ControlKind::kLabel:
+            return ROLE_SYSTEM_STATICTEXT;
+        case ControlKind::kEdit:
+            return ROLE_SYSTEM_TEXT;
+        case ControlKind::kDropDownList:
+        case ControlKind::kComboBox:
+            return ROLE_SYSTEM_COMBOBOX;
+        case ControlKind::kList:
+            return ROLE_SYSTEM_LIST;
+        case ControlKind::kSpin:
+            return ROLE_SYSTEM_SPINBUTTON;
+        default:
+            return ROLE_SYSTEM_CLIENT;
+    }
+}
+
 LONG NumberIn(const VARIANT& value) {
     return value.vt == VT_I4 ? value.lVal : 0;
 }
@@ -43,6 +83,38 @@ Accessible AccessibleOf(HWND window) {
     return {.name = Taken(name), .value = Taken(value), .role = NumberIn(role), .state = NumberIn(state)};
 }
 
+bool IsKnown(const Accessible& said) {
+    return said.role != 0 && said.role != ROLE_SYSTEM_CLIENT;
+}
+
+std::string WrongIn(const Accessible& said, const Control& control) {
+    std::string wrong;
+    const auto expect = [&](const char* what, bool is) {
+        if (!is) wrong += std::string(wrong.empty() ? "" : ", ") + what;
+    };
+    const auto expectState = [&](const char* what, LONG state, bool isSo) {
+        expect(what, ((said.state & state) != 0) == isSo);
+    };
+    expectState("state unavailable", STATE_SYSTEM_UNAVAILABLE, IsWindowEnabled(control.window) == FALSE);
+    expectState("state invisible", STATE_SYSTEM_INVISIBLE, false);
+    if (!IsShowingItsValue(control.kind)) expect("name", said.name == WithoutAccessKey(control.text));
+    if (!IsKnown(said)) return wrong;
+    expect("role", said.role == RoleOf(control.kind));
+    if (IsShowingItsValue(control.kind)) expect("name", said.name == LabelOf(control.window));
+    if (control.Is(ControlKind::kEdit)) {
+        const bool isPassword = (control.style & ES_PASSWORD) != 0;
+        expect("value", said.value == (isPassword ? std::wstring() : control.text));
+        expectState("state protected", STATE_SYSTEM_PROTECTED, isPassword);
+        expectState("state read-only", STATE_SYSTEM_READONLY, (control.style & ES_READONLY) != 0);
+    }
+    if (control.Is(ControlKind::kCheckBox) || control.Is(ControlKind::kRadioButton))
+        expectState("state checked", STATE_SYSTEM_CHECKED,
+                    SendMessageW(control.window, BM_GETCHECK, 0, 0) == BST_CHECKED);
+    if (control.Is(ControlKind::kDropDownList) || control.Is(ControlKind::kComboBox))
+        expect("value", said.value == control.text);
+    return wrong;
+}
+
 std::wstring LabelOf(HWND window) {
     for (HWND before = GetWindow(window, GW_HWNDPREV); before; before = GetWindow(before, GW_HWNDPREV)) {
         const ControlKind kind = KindOf(before);
@@ -54,16 +126,7 @@ std::wstring LabelOf(HWND window) {
 }
 
 std::wstring NameOf(HWND window) {
-    switch (KindOf(window)) {
-        case ControlKind::kEdit:
-        case ControlKind::kDropDownList:
-        case ControlKind::kComboBox:
-        case ControlKind::kList:
-        case ControlKind::kSpin:
-            return LabelOf(window);
-        default:
-            return AccessibleOf(window).name;
-    }
+    return IsShowingItsValue(KindOf(window)) ? LabelOf(window) : AccessibleOf(window).name;
 }
 
 std::wstring WithoutAccessKey(const std::wstring& text) {

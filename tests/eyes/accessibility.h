@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "tests/eyes/control.h"
+
 // What a screen reader is told of a control:
 //
 //     EXPECT_EQ(AccessibleOf(box).name, L"Use PDF security");
@@ -21,6 +23,12 @@ struct Accessible {
 
 // What the system's accessibility library answers for a window.
 Accessible AccessibleOf(HWND window);
+
+// What of that does not go with what the control is, in plain words; empty when all does. Of a class that the
+// library knows nothing about, name, value and role are the library's own business.
+std::string WrongIn(const Accessible& said, const Control& control);
+// Whether the library knows what the control is.
+bool IsKnown(const Accessible& said);
 
 // The static text that names a control, as a screen reader looks for it: the one before it in z-order, on
 // screen or not, with nothing between them but boxes of the same label. Empty when there is none.

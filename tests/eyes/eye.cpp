@@ -30,6 +30,8 @@ class Eye {
           m_groups(GroupsOf(m_controls)) {}
 
     void Look() {
+        // Also of what there is none to look at.
+        for (const char* const kind : eye::kAll) m_report.looked[kind] += 0;
         FindCutTexts();
         FindWhatIsOutside();
         FindOverlaps();
@@ -149,8 +151,9 @@ class Eye {
         }
     }
 
-    // The box or list that a label names, or a button that stands before one in the same row; null: none.
-    const Control* NamedBy(std::size_t label) const {
+    // The box or list beside a label, a check box or a radio button: the next one, which it names, or the one
+    // before it, with arrows between them. Null: none.
+    const Control* CompanionOf(std::size_t label) const {
         const Control& one = m_controls[label];
         const auto hasTextLine = [](const Control& control) {
             return control.Is(ControlKind::kEdit) || control.Is(ControlKind::kDropDownList) ||
@@ -160,8 +163,7 @@ class Eye {
             return hasTextLine(control) && ShareRow(one.place, control.place);
         };
         if (label + 1 < m_controls.size() && isBeside(m_controls[label + 1])) return &m_controls[label + 1];
-        // A unit stands behind its box, with arrows between them.
-        for (std::size_t before = label; one.Is(ControlKind::kLabel) && before-- > 0;) {
+        for (std::size_t before = label; before-- > 0;) {
             if (isBeside(m_controls[before])) return &m_controls[before];
             if (!m_controls[before].Is(ControlKind::kSpin)) break;
         }
@@ -174,9 +176,9 @@ class Eye {
             if (!label.Is(ControlKind::kLabel) && !label.Is(ControlKind::kCheckBox) &&
                 !label.Is(ControlKind::kRadioButton))
                 continue;
-            const Control* named = NamedBy(at);
-            if (named)
-                Compare(eye::kBaseline, label, BaselineOf(*named, m_view.view),
+            const Control* companion = CompanionOf(at);
+            if (companion)
+                Compare(eye::kBaseline, label, BaselineOf(*companion, m_view.view),
                         BaselineOf(label, m_view.view), 1);
         }
     }
@@ -208,14 +210,19 @@ class Eye {
                 const Control& last = *rows[at];
                 if (rows[at - 2]->kind != last.kind || rows[at - 1]->kind != last.kind) continue;
                 Note(eye::kSpacing);
-                const int before = rows[at - 1]->place.top - rows[at - 2]->place.top;
-                const int now = last.place.top - rows[at - 1]->place.top;
+                const int before = Distance(*rows[at - 2], *rows[at - 1]);
+                const int now = Distance(*rows[at - 1], last);
                 const int difference = std::abs(now - before);
                 // Rounding to pixels explains one.
                 if (difference > 1 && difference <= 2 * Scaled(kNearlySame))
                     Add(eye::kSpacing, last, last.text, before, now);
             }
         }
+    }
+
+    // Between the middles, where the texts are.
+    static int Distance(const Control& upper, const Control& lower) {
+        return (lower.place.top + lower.place.bottom - upper.place.top - upper.place.bottom) / 2;
     }
 
     void FindTabOrder() {

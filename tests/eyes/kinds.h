@@ -17,4 +17,8 @@ inline constexpr char kTabOrder[] = "tab order against reading order";
 inline constexpr char kNoName[] = "without a name";
 inline constexpr char kSameKey[] = "access key doubled";
 
+inline constexpr const char* kAll[] = {kCut,     kCutWhenClosed, kCutWhenDropped, kCutInList,
+                                       kOutside, kOverlap,       kLeftEdge,       kBaseline,
+                                       kSpacing, kTabOrder,      kNoName,         kSameKey};
+
 }  // namespace vmk::test::eye

@@ -13,18 +13,19 @@ namespace vmk::test {
 namespace {
 
 constexpr COLORREF kFrameColour = RGB(230, 0, 0);
-constexpr int kBits = 32;
+// Without a fourth byte, which some programs take for transparency.
+constexpr int kBytesPerPixel = 3;
 
 // What is on screen of a window, in memory that a file can be made of.
 class Picture {
   public:
-    explicit Picture(HWND window) : m_window(window), m_context(CreateCompatibleDC(nullptr)) {
+    explicit Picture(HWND window) : m_context(CreateCompatibleDC(nullptr)) {
         GetWindowRect(window, &m_place);
         m_header.biSize = sizeof(m_header);
         m_header.biWidth = m_place.right - m_place.left;
         m_header.biHeight = m_place.bottom - m_place.top;
         m_header.biPlanes = 1;
-        m_header.biBitCount = kBits;
+        m_header.biBitCount = 8 * kBytesPerPixel;
         m_bitmap = CreateDIBSection(m_context, reinterpret_cast<BITMAPINFO*>(&m_header), DIB_RGB_COLORS,
                                     &m_bits, nullptr, 0);
         m_previous = SelectObject(m_context, m_bitmap);
@@ -55,8 +56,9 @@ class Picture {
 
     bool Write(const std::wstring& file) const {
         GdiFlush();
-        const std::size_t size = static_cast<std::size_t>(m_header.biWidth) *
-                                 static_cast<std::size_t>(m_header.biHeight) * (kBits / 8);
+        // Each line ends at a multiple of four bytes.
+        const long line = (m_header.biWidth * kBytesPerPixel + 3) / 4 * 4;
+        const auto size = static_cast<std::size_t>(line * m_header.biHeight);
         BITMAPFILEHEADER start{};
         start.bfType = 0x4D42;  // "BM"
         start.bfOffBits = sizeof(start) + sizeof(m_header);
@@ -75,7 +77,6 @@ class Picture {
         return WriteFile(file, bytes, static_cast<DWORD>(size), &written, nullptr) && written == size;
     }
 
-    HWND m_window;
     HDC m_context;
     RECT m_place{};
     BITMAPINFOHEADER m_header{};

@@ -4,6 +4,7 @@
 
 #include <commctrl.h>
 #include <gtest/gtest.h>
+#include <oleacc.h>
 
 #include <algorithm>
 #include <ostream>
@@ -51,8 +52,8 @@ void PutBehind(HWND dialog, int id, int before) {
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-void SetStyle(HWND control, DWORD style) {
-    SetWindowLongW(control, GWL_STYLE, static_cast<LONG>(GetWindowLongW(control, GWL_STYLE) | style));
+void SetStyle(HWND control, LONG style) {
+    SetWindowLongW(control, GWL_STYLE, GetWindowLongW(control, GWL_STYLE) | style);
 }
 
 struct Plant {
@@ -193,8 +194,12 @@ INSTANTIATE_TEST_SUITE_P(Planted, EyeFinds, testing::ValuesIn(kPlants),
 TEST(Eye, FindsNothingInADialogWithoutFaultsAndHasLookedForAllKinds) {
     const Report report = Planted().Seen();
     EXPECT_EQ(Table(report.findings), "Nothing was found.\n");
-    for (const Plant& plant : kPlants)
-        EXPECT_GT(report.looked.contains(plant.kind) ? report.looked.at(plant.kind) : 0, 0) << plant.kind;
+    for (const char* const kind : eye::kAll) EXPECT_GT(report.looked.at(kind), 0) << kind;
+}
+
+TEST(Eye, HasAPlantForEachKindOfFault) {
+    for (const char* const kind : eye::kAll)
+        EXPECT_TRUE(std::ranges::count(kPlants, kind, &Plant::kind)) << kind;
 }
 
 TEST(Eye, ReportsALineForEachFindingThatAPersonReads) {
@@ -209,6 +214,43 @@ TEST(Eye, ReportsALineForEachFindingThatAPersonReads) {
               "Language  DPI  Page  Control  Class   Finding   Needed  Has  Text\n"
               "Deutsch   144  Save  204      Button  text cut  120     99   \"Gr\xC3\xB6\xC3\x9F"
               "e zwei\"\n");
+}
+
+struct Saying {
+    const char* wrong;
+    void (*change)(Accessible&);
+};
+
+TEST(WrongSayings, AreNoticedOfEachKind) {
+    const Planted planted;
+    const std::vector<Control> controls = ControlsOf(planted.Dialog());
+    const Control edit = *std::ranges::find(controls, IDC_PLANTED_EDIT, &Control::id);
+    const Accessible right = AccessibleOf(edit.window);
+    EXPECT_TRUE(IsKnown(right));
+    EXPECT_EQ(WrongIn(right, edit), "");
+    const Saying sayings[] = {
+        {"name", [](Accessible& said) { said.name = L"Another"; }},
+        {"value", [](Accessible& said) { said.value = L"17"; }},
+        {"role", [](Accessible& said) { said.role = ROLE_SYSTEM_LIST; }},
+        {"state unavailable", [](Accessible& said) { said.state ^= STATE_SYSTEM_UNAVAILABLE; }},
+        {"state invisible", [](Accessible& said) { said.state ^= STATE_SYSTEM_INVISIBLE; }},
+        {"state protected", [](Accessible& said) { said.state ^= STATE_SYSTEM_PROTECTED; }},
+        {"state read-only", [](Accessible& said) { said.state ^= STATE_SYSTEM_READONLY; }},
+    };
+    for (const Saying& saying : sayings) {
+        Accessible said = right;
+        saying.change(said);
+        EXPECT_EQ(WrongIn(said, edit), saying.wrong);
+    }
+    Control check = *std::ranges::find(controls, IDC_PLANTED_FIRST_CHECK, &Control::id);
+    Accessible said = AccessibleOf(check.window);
+    said.name = L"First";
+    said.role = ROLE_SYSTEM_CHECKBUTTON;
+    EXPECT_EQ(WrongIn(said, check), "");
+    said.state ^= STATE_SYSTEM_CHECKED;
+    EXPECT_EQ(WrongIn(said, check), "state checked");
+    said.name = L"&First";
+    EXPECT_EQ(WrongIn(said, check), "name, state checked");
 }
 
 TEST(AccessKeys, AreWhatFollowsAnAmpersandThatIsNotShown) {

@@ -13,7 +13,7 @@ namespace vmk::test {
 namespace {
 
 // What the classes of the system keep free around their texts, in pixels of a screen of 96 dots per inch.
-constexpr int kButtonSide = 4;      // edge and focus frame
+constexpr int kButtonSide = 3;      // the margin that themes keep
 constexpr int kButtonTop = 2;       // edge
 constexpr int kCheckBoxSize = 13;   // where the theme says nothing larger
 constexpr int kCheckBoxFocus = 2;   // the focus frame on both sides of the text

@@ -8,7 +8,6 @@
 #include "resources/ids/paper.h"
 #include "resources/ids/security.h"
 #include "tests/support/bare_dialog.h"
-#include "tests/support/full_use.h"
 #include "tests/support/language_folder.h"
 #include "tests/support/scratch_settings.h"
 
@@ -21,12 +20,13 @@ std::string Narrow(const std::wstring& path) {
     return {path.begin(), path.end()};
 }
 
-void AddLanguagesOf(const std::string& folder, std::vector<Language>& languages) {
+void AddLanguagesOf(const std::string& folder, bool areMadeUp, std::vector<Language>& languages) {
     const LanguageSession session(folder, kProduct);
     for (const LanguageRecord& record : session.Languages())
         languages.push_back({.name = record.header.langname,
                              .id = static_cast<LANGID>(record.header.langid),
-                             .folder = folder});
+                             .folder = folder,
+                             .isMadeUp = areMadeUp});
 }
 
 // A list whose choice changes what the page shows.
@@ -45,16 +45,17 @@ std::vector<HWND> ButtonsOf(const LiveDialog& dialog) {
 
 std::vector<Language> Languages() {
     std::vector<Language> languages = {{.name = L"English", .id = kEnglish, .folder = ""}};
-    AddLanguagesOf(Narrow(TestFolder()) + "\\..\\languages", languages);
-    AddLanguagesOf(Narrow(TestFolder()), languages);
+    AddLanguagesOf(Narrow(TestFolder()) + "\\..\\languages", false, languages);
+    AddLanguagesOf(Narrow(TestFolder()), true, languages);
     return languages;
 }
 
-void InLanguage(const Language& language, const std::function<void(LiveDialog&)>& use) {
+void InLanguage(const Language& language, const std::function<void(LiveDialog&)>& use,
+                const PrinterSettings& shown) {
     std::optional<ConfiguredLanguageFolder> folder;
     if (!language.folder.empty()) folder.emplace(language.folder);
     const ScratchSettings settings;
-    settings.Store(SettingsInFullUse());
+    settings.Store(shown);
     LiveDialog dialog({.language = language.id, .settings = &settings});
     use(dialog);
 }
@@ -79,7 +80,7 @@ void VisitViews(const LiveDialog& dialog, const Visitor& visit) {
             }
             page.Choose(one.list, before);
         }
-        if (about.bit != eMail) continue;
+        if (about.bit != eMail || !page.IsEnabled(IDC_EMAIL_EDIT_SERVER)) continue;
         const LiveWindow server = dialog.OpenModal(page, IDC_EMAIL_EDIT_SERVER);
         visit(L"Mail Server", {.view = server.Handle()});
         dialog.CloseModal(server, IDCANCEL);

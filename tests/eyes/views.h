@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/eyes/eye.h"
+#include "tests/support/full_use.h"
 #include "tests/support/live_dialog.h"
 
 // All that a user can come to see of the dialog, in all languages that there are files of:
@@ -21,14 +22,16 @@ namespace vmk::test {
 struct Language {
     std::wstring name;
     LANGID id;
-    std::string folder;  // of its file; empty: English as it stands in the templates
+    std::string folder;     // of its file; empty: English as it stands in the templates
+    bool isMadeUp = false;  // nobody's language, with longer texts than most have
 };
 
-// English, the languages of the build, and what lies beside the tests.
+// English, the languages of the build, and the made-up ones whose files lie beside the tests.
 std::vector<Language> Languages();
 
-// Opens the dialog in a language, with everything in use that can be.
-void InLanguage(const Language& language, const std::function<void(LiveDialog&)>& use);
+// Opens the dialog in a language, with everything in use that can be or with settings of one's own.
+void InLanguage(const Language& language, const std::function<void(LiveDialog&)>& use,
+                const PrinterSettings& shown = SettingsInFullUse());
 
 // Shows one page after the other with each of its panels, and the dialogs that pages open, and visits what is
 // to be seen: the dialog's own controls come first. The page's name is the English one.

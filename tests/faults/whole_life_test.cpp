@@ -285,6 +285,7 @@ TEST_P(WholeLife, IsSurvivedWithoutAControl) {
 TEST_P(WholeLife, IsSurvivedWithoutPicturesMenusAndFonts) {
     FailAt({"ImageList_LoadImageW", "CreateCompatibleDC", "CreateCompatibleBitmap", "CreateSolidBrush",
             "LoadMenuW", "GetMenuItemInfoW", "SetMenuItemInfoW", "TrackPopupMenu", "GetDC",
+            "GetTextExtentPoint32W", "MapDialogRect", "MapWindowPoints", "SetWindowPos",
             "CreateFontIndirectW", "EnumFontFamiliesExW", "GetOutlineTextMetricsW"});
 }
 
