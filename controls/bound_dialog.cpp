@@ -82,8 +82,7 @@ std::optional<LRESULT> BoundDialog::ProcessWindowMessage(HWND hwnd, UINT msg, WP
             ForgetValues();
             OnInitDialog();
             if (m_hasRadioButtons) PrepareRadioButtons(hwnd);
-            PutLabelsOnTextLines(hwnd);
-            WidenDropDownLists(hwnd);
+            FitTexts(hwnd);
             return TRUE;
         case WM_COMMAND:
             return HandleCommand(wParam, lParam);

@@ -6,6 +6,7 @@
 #include <cwchar>
 #include <iterator>
 #include <string>
+#include <vector>
 
 namespace vmk {
 namespace {
@@ -14,127 +15,80 @@ namespace {
 constexpr int kLineHeight = 8;
 constexpr int kItemMargins = 8;
 
-enum class Kind { kLabel, kCheck, kEdit, kCombo, kSpin, kOther };
+enum class Kind { kLabel, kButton, kEdit, kCombo, kSpin, kOther };
 
 constexpr struct {
     const wchar_t* className;
     Kind kind;
 } kKinds[] = {{WC_STATICW, Kind::kLabel},
-              {WC_BUTTONW, Kind::kCheck},
+              {WC_BUTTONW, Kind::kButton},
               {WC_EDITW, Kind::kEdit},
               {WC_COMBOBOXW, Kind::kCombo},
               {UPDOWN_CLASSW, Kind::kSpin}};
 
+struct Item {
+    HWND window;
+    Kind kind;
+    RECT place;  // in the dialog
+
+    bool HasTextLine() const noexcept { return kind == Kind::kEdit || kind == Kind::kCombo; }
+    bool SharesRowWith(const Item& other) const noexcept {
+        return place.top < other.place.bottom && other.place.top < place.bottom;
+    }
+};
+
 LONG StyleOf(HWND window) noexcept {
     return GetWindowLongW(window, GWL_STYLE);
-}
-
-bool IsCheckOrRadioButton(HWND button) noexcept {
-    const LONG type = StyleOf(button) & BS_TYPEMASK;
-    return type == BS_AUTOCHECKBOX || type == BS_AUTORADIOBUTTON;
 }
 
 Kind KindOf(HWND window) noexcept {
     wchar_t name[std::size(UPDOWN_CLASSW) + 1] = {};
     GetClassNameW(window, name, static_cast<int>(std::size(name)));
     for (const auto& row : kKinds) {
-        if (std::wcscmp(row.className, name) != 0) continue;
-        return row.kind == Kind::kCheck && !IsCheckOrRadioButton(window) ? Kind::kOther : row.kind;
+        if (std::wcscmp(row.className, name) == 0) return row.kind;
     }
     return Kind::kOther;
 }
 
-bool HasTextLine(HWND window) noexcept {
-    const Kind kind = KindOf(window);
-    return kind == Kind::kEdit || kind == Kind::kCombo;
-}
-
-int PixelsHigh(HWND dialog, int units) noexcept {
-    RECT rect = {.left = 0, .top = 0, .right = 0, .bottom = units};
-    return MapDialogRect(dialog, &rect) ? rect.bottom : 0;
-}
-
-RECT PlaceIn(HWND dialog, HWND window) noexcept {
-    RECT place{};
-    GetWindowRect(window, &place);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
-    return place;
-}
-
-int TopIn(HWND dialog, HWND window, int top) noexcept {
-    POINT point = {.x = 0, .y = top};
-    MapWindowPoints(window, dialog, &point, 1);
-    return point.y;
-}
-
-int TextTopOfEdit(HWND dialog, HWND edit) noexcept {
-    RECT text{};
-    SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
-    return TopIn(dialog, edit, text.top);
-}
-
-int TextTopOfCombo(HWND dialog, HWND combo) noexcept {
-    COMBOBOXINFO info{};
-    info.cbSize = sizeof(info);
-    SendMessageW(combo, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
-    const bool isTypedIn = (StyleOf(combo) & CBS_DROPDOWNLIST) != CBS_DROPDOWNLIST;
-    if (isTypedIn && info.hwndItem) return TextTopOfEdit(dialog, info.hwndItem);
-    return TopIn(dialog, combo, (info.rcItem.top + info.rcItem.bottom - PixelsHigh(dialog, kLineHeight)) / 2);
-}
-
-// Where the text of a control begins, from the dialog's top.
-int TextTop(HWND dialog, HWND control) noexcept {
-    const RECT place = PlaceIn(dialog, control);
-    switch (KindOf(control)) {
-        case Kind::kEdit:
-            return TextTopOfEdit(dialog, control);
-        case Kind::kCombo:
-            return TextTopOfCombo(dialog, control);
-        case Kind::kCheck:
-            return (place.top + place.bottom - PixelsHigh(dialog, kLineHeight)) / 2;
-        default:
-            return place.top;
+// A label out of sight stands beside nothing.
+std::vector<Item> ItemsOf(HWND dialog) {
+    std::vector<Item> items;
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        Item item = {.window = child, .kind = KindOf(child), .place = {}};
+        if (item.kind == Kind::kLabel && !(StyleOf(child) & WS_VISIBLE)) continue;
+        GetWindowRect(child, &item.place);
+        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&item.place), 2);
+        items.push_back(item);
     }
+    return items;
 }
 
-bool ShareRow(HWND dialog, HWND one, HWND other) noexcept {
-    const RECT first = PlaceIn(dialog, one);
-    const RECT second = PlaceIn(dialog, other);
-    return first.top < second.bottom && second.top < first.bottom;
+bool IsLabelling(const Item& item) noexcept {
+    if (item.kind != Kind::kButton) return item.kind == Kind::kLabel;
+    const LONG type = StyleOf(item.window) & BS_TYPEMASK;
+    return type == BS_AUTOCHECKBOX || type == BS_AUTORADIOBUTTON;
 }
 
-// The next sibling in one direction that is neither a label out of sight nor, where that is asked for, the
-// arrows of a box.
-HWND Neighbour(HWND window, UINT direction, bool passOverSpins) noexcept {
-    HWND found = window;
-    do {
-        found = GetWindow(found, direction);
-    } while (found && ((KindOf(found) == Kind::kLabel && !(StyleOf(found) & WS_VISIBLE)) ||
-                       (passOverSpins && KindOf(found) == Kind::kSpin)));
-    return found;
-}
-
-// The box or list whose text line a label or button has to share; null: none.
-HWND CompanionOf(HWND dialog, HWND label) noexcept {
-    const auto isBeside = [=](HWND window) {
-        return window && HasTextLine(window) && ShareRow(dialog, label, window);
+// The box or list whose text line an item has to share; null: none.
+const Item* CompanionOf(const std::vector<Item>& items, size_t item) noexcept {
+    const auto isBeside = [&](const Item& other) {
+        return other.HasTextLine() && other.SharesRowWith(items[item]);
     };
-    HWND next = Neighbour(label, GW_HWNDNEXT, false);
-    if (isBeside(next)) return next;
-    HWND before = Neighbour(label, GW_HWNDPREV, true);
-    return isBeside(before) ? before : nullptr;
+    if (item + 1 < items.size() && isBeside(items[item + 1])) return &items[item + 1];
+    size_t before = item;
+    while (before > 0 && items[before - 1].kind == Kind::kSpin) --before;
+    return before > 0 && isBeside(items[before - 1]) ? &items[before - 1] : nullptr;
 }
 
+// Measures texts in the font of a dialog.
 class TextContext {
   public:
-    explicit TextContext(HWND window)
-        : m_window(window),
-          m_context(GetDC(window)),
-          m_previous(
-              SelectObject(m_context, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)))) {}
+    explicit TextContext(HWND dialog) noexcept : m_dialog(dialog), m_context(GetDC(dialog)) {
+        m_previous = SelectObject(m_context, reinterpret_cast<HFONT>(SendMessageW(dialog, WM_GETFONT, 0, 0)));
+    }
     ~TextContext() {
         SelectObject(m_context, m_previous);
-        ReleaseDC(m_window, m_context);
+        ReleaseDC(m_dialog, m_context);
     }
     TextContext(const TextContext&) = delete;
     TextContext& operator=(const TextContext&) = delete;
@@ -146,50 +100,107 @@ class TextContext {
     }
 
   private:
-    HWND m_window;
+    HWND m_dialog;
     HDC m_context;
     HGDIOBJ m_previous;
 };
 
-int WidestItem(HWND combo) {
-    const TextContext context(combo);
-    const LRESULT count = SendMessageW(combo, CB_GETCOUNT, 0, 0);
-    int widest = 0;
-    for (LRESULT item = 0; item < count; ++item) {
-        const LRESULT length = SendMessageW(combo, CB_GETLBTEXTLEN, static_cast<WPARAM>(item), 0);
-        if (length == CB_ERR) continue;
-        std::wstring text(static_cast<size_t>(length), L'\0');
-        SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(text.data()));
-        widest = std::max(widest, context.Width(text));
+class TextFitter {
+  public:
+    explicit TextFitter(HWND dialog) : m_dialog(dialog), m_items(ItemsOf(dialog)) {
+        RECT units = {.left = 0, .top = 0, .right = kItemMargins, .bottom = kLineHeight};
+        MapDialogRect(dialog, &units);
+        m_itemMargins = units.right;
+        m_lineHeight = units.bottom;
     }
-    return widest;
-}
+
+    void PutLabelsOnTextLines() const noexcept {
+        for (size_t item = 0; item < m_items.size(); ++item) {
+            if (!IsLabelling(m_items[item])) continue;
+            const Item* const companion = CompanionOf(m_items, item);
+            if (companion) MoveDown(m_items[item], TextTop(*companion) - TextTop(m_items[item]));
+        }
+    }
+
+    void WidenLists() const {
+        if (std::ranges::find(m_items, Kind::kCombo, &Item::kind) == m_items.end()) return;
+        const TextContext context(m_dialog);
+        for (const Item& item : m_items) {
+            if (item.kind == Kind::kCombo) WidenList(item.window, context);
+        }
+    }
+
+  private:
+    static void MoveDown(const Item& item, int pixels) noexcept {
+        if (pixels == 0) return;
+        SetWindowPos(item.window, nullptr, item.place.left, item.place.top + pixels, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+
+    int Middle(int top, int bottom) const noexcept { return (top + bottom - m_lineHeight) / 2; }
+
+    // Where the text of an item begins, from the dialog's top.
+    int TextTop(const Item& item) const noexcept {
+        switch (item.kind) {
+            case Kind::kEdit:
+                return TextTopOfEdit(item.window);
+            case Kind::kCombo:
+                return TextTopOfCombo(item.window);
+            case Kind::kButton:
+                return Middle(item.place.top, item.place.bottom);
+            default:
+                return item.place.top;
+        }
+    }
+
+    int TextTopOfEdit(HWND edit) const noexcept {
+        RECT text{};
+        SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
+        return InDialog(edit, text.top);
+    }
+
+    int TextTopOfCombo(HWND combo) const noexcept {
+        COMBOBOXINFO info{};
+        info.cbSize = sizeof(info);
+        SendMessageW(combo, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
+        const bool isTypedIn = (StyleOf(combo) & CBS_DROPDOWNLIST) != CBS_DROPDOWNLIST;
+        if (isTypedIn && info.hwndItem) return TextTopOfEdit(info.hwndItem);
+        return InDialog(combo, Middle(info.rcItem.top, info.rcItem.bottom));
+    }
+
+    int InDialog(HWND window, int top) const noexcept {
+        POINT point = {.x = 0, .y = top};
+        MapWindowPoints(window, m_dialog, &point, 1);
+        return point.y;
+    }
+
+    void WidenList(HWND combo, const TextContext& context) const {
+        const LRESULT count = SendMessageW(combo, CB_GETCOUNT, 0, 0);
+        int widest = 0;
+        for (WPARAM item = 0; static_cast<LRESULT>(item) < count; ++item) {
+            const LRESULT length = SendMessageW(combo, CB_GETLBTEXTLEN, item, 0);
+            if (length == CB_ERR) continue;
+            std::wstring text(static_cast<size_t>(length), L'\0');
+            SendMessageW(combo, CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text.data()));
+            widest = std::max(widest, context.Width(text));
+        }
+        const int width = widest + GetSystemMetrics(SM_CXVSCROLL) + m_itemMargins;
+        if (width > SendMessageW(combo, CB_GETDROPPEDWIDTH, 0, 0))
+            SendMessageW(combo, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width), 0);
+    }
+
+    HWND m_dialog;
+    std::vector<Item> m_items;
+    int m_lineHeight;
+    int m_itemMargins;
+};
 
 }  // namespace
 
-void PutLabelsOnTextLines(HWND dialog) noexcept {
-    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-        const Kind kind = KindOf(child);
-        if (kind != Kind::kLabel && kind != Kind::kCheck) continue;
-        HWND companion = CompanionOf(dialog, child);
-        if (!companion) continue;
-        const int down = TextTop(dialog, companion) - TextTop(dialog, child);
-        if (down == 0) continue;
-        const RECT place = PlaceIn(dialog, child);
-        SetWindowPos(child, nullptr, place.left, place.top + down, 0, 0,
-                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    }
-}
-
-void WidenDropDownLists(HWND dialog) {
-    RECT margins = {.left = 0, .top = 0, .right = kItemMargins, .bottom = 0};
-    MapDialogRect(dialog, &margins);
-    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-        if (KindOf(child) != Kind::kCombo) continue;
-        const int width = WidestItem(child) + GetSystemMetrics(SM_CXVSCROLL) + margins.right;
-        if (width > SendMessageW(child, CB_GETDROPPEDWIDTH, 0, 0))
-            SendMessageW(child, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width), 0);
-    }
+void FitTexts(HWND dialog) {
+    const TextFitter fitter(dialog);
+    fitter.PutLabelsOnTextLines();
+    fitter.WidenLists();
 }
 
 }  // namespace vmk

@@ -51,7 +51,21 @@ void Collect(HWND parent, HWND view, HWND except, std::vector<Control>& controls
     }
 }
 
+void CollectContainers(HWND parent, HWND except, std::vector<HWND>& containers) {
+    for (HWND child : ChildrenOf(parent)) {
+        if (child == except || !IsWindowVisible(child) || !IsContainer(child)) continue;
+        if (KindOf(child) != ControlKind::kGroupBox) containers.push_back(child);
+        CollectContainers(child, except, containers);
+    }
+}
+
 }  // namespace
+
+std::vector<HWND> ContainersOf(HWND view, HWND except) {
+    std::vector<HWND> containers;
+    CollectContainers(view, except, containers);
+    return containers;
+}
 
 std::vector<Control> ControlsOf(HWND view, HWND except) {
     std::vector<Control> controls;

@@ -48,6 +48,9 @@ struct Control {
 // nothing but their container is not among them.
 std::vector<Control> ControlsOf(HWND view, HWND except = nullptr);
 
+// The visible windows that are nothing but containers.
+std::vector<HWND> ContainersOf(HWND view, HWND except = nullptr);
+
 ControlKind KindOf(HWND window);
 std::wstring TextOf(HWND window);
 // A window's place in pixels of another one's client area.

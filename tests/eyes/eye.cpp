@@ -20,6 +20,9 @@ namespace {
 // inch.
 constexpr int kNearlySame = 2;
 
+// Of a group box, where no theme draws it; the same at every resolution.
+constexpr int kFrameLine = 2;
+
 class Eye {
   public:
     Eye(const View& view, const Sight& sight, Report& report)
@@ -85,6 +88,17 @@ class Eye {
                 if (group.box && !Contains(group.box->place, member->place))
                     Add(eye::kOutside, *member, member->text);
             }
+            if (group.box) FindWhatCovers(*group.box);
+        }
+    }
+
+    // A container paints its background over the line of a group box.
+    void FindWhatCovers(const Control& box) {
+        RECT inside = box.place;
+        InflateRect(&inside, -kFrameLine, -kFrameLine);
+        for (HWND container : ContainersOf(m_view.view, m_view.except)) {
+            const RECT place = PlaceIn(container, m_view.view);
+            if (Overlap(box.place, place) && !Contains(inside, place)) Add(eye::kOutside, box, box.text);
         }
     }
 

@@ -102,6 +102,12 @@ const Plant kPlants[] = {
      [](HWND dialog) { Move(dialog, IDC_PLANTED_OTHER_BUTTON, 0, 15); }},
     {"AControlThatLeavesItsGroupBox", eye::kOutside, IDC_PLANTED_LIST,
      [](HWND dialog) { Move(dialog, IDC_PLANTED_LIST, 0, 0, 100); }},
+    {"AContainerThatCoversAFrame", eye::kOutside, IDC_PLANTED_GROUP,
+     [](HWND dialog) {
+         HWND container = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 0, 50, 20, 30, dialog,
+                                          nullptr, nullptr, nullptr);
+         CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 9, 9, container, nullptr, nullptr, nullptr);
+     }},
     {"ControlsThatOverlap", eye::kOverlap, IDC_PLANTED_OTHER_BUTTON,
      [](HWND dialog) { Move(dialog, IDC_PLANTED_OTHER_BUTTON, -15, 0); }},
     {"AControlOverTheTitleOfItsBox", eye::kOverlap, IDC_PLANTED_EDIT,
