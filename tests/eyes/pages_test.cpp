@@ -55,14 +55,16 @@ class Gallery {
     int m_count = 0;          // of its views
 };
 
-// What the eye minds of a view. An item of a made-up language may be too long for a closed list, since it can
-// be read in the dropped one.
+// Whether a made-up language, which is longer than most, need not fit: what is chosen in a closed list can be
+// read in the dropped one, and the list of pages shows the rest of a name to who points at it.
+bool MayBeCut(const Finding& finding) {
+    return finding.kind == eye::kCutWhenClosed || finding.kind == eye::kCutInList;
+}
+
 Report Seen(const Language& language, const Sight& sight, const View& view) {
     Report report;
     LookAt(view, sight, report);
-    if (language.isMadeUp)
-        std::erase_if(report.findings,
-                      [](const Finding& finding) { return finding.kind == eye::kCutWhenClosed; });
+    if (language.isMadeUp) std::erase_if(report.findings, MayBeCut);
     return report;
 }
 
