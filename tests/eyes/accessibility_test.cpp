@@ -20,7 +20,7 @@
 namespace vmk::test {
 namespace {
 
-const Language kEnglishItself = {.name = L"English", .id = kEnglish, .folder = ""};
+const Language kEnglishItself = {.name = L"Templates", .id = kEnglish, .folder = ""};
 
 // Visits each visible control of all views, on the dialog's thread.
 template <typename Visit>

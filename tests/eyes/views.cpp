@@ -44,7 +44,7 @@ std::vector<HWND> ButtonsOf(const LiveDialog& dialog) {
 }  // namespace
 
 std::vector<Language> Languages() {
-    std::vector<Language> languages = {{.name = L"English", .id = kEnglish, .folder = ""}};
+    std::vector<Language> languages = {{.name = L"Templates", .id = kEnglish, .folder = ""}};
     AddLanguagesOf(Narrow(TestFolder()) + "\\..\\languages", false, languages);
     AddLanguagesOf(Narrow(TestFolder()), true, languages);
     return languages;
