@@ -64,14 +64,17 @@ dialog_page() {
     probe wait-page "$1" || die "page $1 did not come up"
 }
 
-# dialog_visit_pages FOLDER: shows every listed page and leaves a picture of each in the folder, named by order and
-# page. Sets dialog_pictures to their number.
+# dialog_visit_pages FOLDER [NAME...]: shows every listed page and leaves a picture of each in the folder, named by order
+# and page; the names are those in the list, or the given ones where the dialog speaks another language. Sets
+# dialog_pictures to their number.
 dialog_visit_pages() {
     local folder=$1 index name file list previous=none now
+    local names=("${@:2}")
     dialog_pictures=0
     list=$(probe pages) || die "the list of pages cannot be read"
     while read -r index name; do
         dialog_page "$index"
+        name=${names[index]:-$name}
         file=$folder/$(printf '%02d-%s.png' $((index + 1)) "$(tr '[:upper:] /' '[:lower:]--' <<<"$name")")
         dialog_picture "$file"
         now=$(signature "$file")

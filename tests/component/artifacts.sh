@@ -6,7 +6,7 @@ sources=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
 commands=$(ninja -C "$build" -t commands artifacts)
 names=(vmkctrl.dll vmkprefs.exe)
-for language in "$sources"/examples/languages/*.txt; do
+for language in "$sources"/languages/*.txt; do
     names+=("languages/$(basename "$language" .txt).vlf")
 done
 for name in "${names[@]}"; do
