@@ -66,7 +66,8 @@ class LanguagesTest(unittest.TestCase):
         messages = result.stderr.decode()
         self.assertNotEqual(result.returncode, 0, messages)
         self.assertRegex(messages, f"(?m)^{re.escape(str(arguments[1]))}:{line}: .*{reason}")
-        self.assertNotIn("Traceback", messages)
+        self.assertTrue(all(re.match(rf"{re.escape(str(arguments[1]))}:\d+: ", message)
+                            for message in messages.splitlines()), messages)
         self.assertEqual((result.stdout, out.exists()), (b"", False))
         self.assertEqual([path for path in self.folder.iterdir() if path.name.startswith(".")], [])
 

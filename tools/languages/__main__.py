@@ -32,7 +32,7 @@ def say_faults(path, faults):
     for fault in faults[:MOST_FAULTS]:
         say(path, fault.line, fault.reason)
     if len(faults) > MOST_FAULTS:
-        print(f"{path}: {len(faults) - MOST_FAULTS} more lines cannot be read", file=sys.stderr)
+        say(path, faults[MOST_FAULTS].line, f"this line and {len(faults) - MOST_FAULTS - 1} more cannot be read either")
 
 
 def read(path):
@@ -108,9 +108,7 @@ def check_file(arguments):
     for finding in sorted(found, key=lambda finding: finding.line):
         if not (finding.is_note and arguments.quiet):
             say(arguments.file, finding.line, finding)
-    wrong = sum(not finding.is_note for finding in found)
-    if wrong:
-        print(f"{arguments.file}: {wrong} faults", file=sys.stderr)
+    if not all(finding.is_note for finding in found):
         raise Refused
 
 
