@@ -13,33 +13,27 @@ RESOLUTIONS = (96, 120, 144, 192)
 LETTERS = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
 
 # What a control takes for itself beside its text, in pixels at 96 dots per inch.
-TAKEN = {"check box": 17, "radio button": 17, "button": 8, "group box": 16, "item of a list": 24,
-         "name of a page": 24}
+TAKEN = {"check box": 17, "radio button": 17, "button": 6, "group box": 18, "item of a list": 25,
+         "name of a page": 28}
 LINE_UNITS = 8
 
 
 @functools.lru_cache(maxsize=None)
-def font(resolution):
-    # What is made without measuring needs nothing but Python.
-    from PIL import ImageFont
-
-    return ImageFont.truetype(str(FONT), round(POINTS * resolution / 72), layout_engine=ImageFont.Layout.BASIC)
-
-
-@functools.lru_cache(maxsize=None)
-def has_glyph(resolution, letter):
-    face = font(resolution)
-    return bytes(face.getmask(letter)) != bytes(face.getmask("\U0010FFFD"))
-
-
 def letter_width(resolution, letter):
-    face = font(resolution)
+    """As the system draws it: from the outlines, fitted to pixels."""
+    # What is made without measuring needs nothing but Python.
+    import freetype
+
+    size = round(POINTS * resolution / 72)
     if unicodedata.east_asian_width(letter) in "WF":
-        return face.size
-    return face.getlength(letter if letter.isspace() or has_glyph(resolution, letter) else "0")
+        return size
+    face = freetype.Face(str(FONT))
+    face.set_pixel_sizes(0, size)
+    known = letter if face.get_char_index(letter) else "0"
+    face.load_char(known, freetype.FT_LOAD_NO_BITMAP)
+    return face.glyph.advance.x / 64
 
 
-@functools.lru_cache(maxsize=None)
 def text_width(resolution, text):
     return sum(letter_width(resolution, letter) for letter in text if not unicodedata.combining(letter))
 
@@ -47,7 +41,7 @@ def text_width(resolution, text):
 @functools.lru_cache(maxsize=None)
 def unit_width(resolution):
     """A dialog unit across, in pixels: a quarter of the average letter."""
-    average = (font(resolution).getlength(LETTERS) / 26 + 1) // 2
+    average = (text_width(resolution, LETTERS) / 26 + 1) // 2
     return average / 4
 
 

@@ -96,13 +96,15 @@ def merged(old):
 
 ACCENTS = str.maketrans("AEIOUYaeiouycdnrszCDNRSZ", "ÀÉÎÕÜÝàéîõüýçďñřšžÇĎÑŘŠŽ")
 LONGER = 1.35
+# Words of the usual length, in letters of the usual width.
+FILLER = " õñé tŵõ thřéé fõüř fîvé šîx šévéñ" * 4
 
 
 def pseudo_text(text):
     """Longer by a third, accented and in brackets, so that one sees what is cut, and what was never translated."""
     plain = "".join(part if re.fullmatch(check.PLACE_HOLDER, part) else part.translate(ACCENTS)
                     for part in re.split(f"({check.PLACE_HOLDER.pattern})", text))
-    filler = "~" * max(0, round(len(text) * LONGER) - len(text) - 2)
+    filler = FILLER[:max(0, round(len(text) * LONGER) - len(text) - 2)].rstrip()
     colon = plain.endswith(":")
     return f"[{plain.removesuffix(':')}{filler}]" + (":" if colon else "")
 
