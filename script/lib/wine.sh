@@ -7,7 +7,7 @@
 wine_slots=${VMK_WINE_SLOTS:-$(nproc)}
 wine_dir=${VMK_WINE_DIR:-$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)/build/wine}
 # To be counted up with every change of what a new prefix holds.
-wine_prefix_version=2
+wine_prefix_version=3
 
 # The Debian package has no wine64 on the path; /usr/bin/wine grumbles about the missing 32-bit half.
 wine_binary() {
@@ -72,16 +72,24 @@ wine_make_prefix() {
     [ ! -d "$slot_dir/prefix" ] || wine_end_session "$1"
     rm -rf "$slot_dir/prefix" "$slot_dir/managed" "$slot_dir/dpi"
     timeout 120 "$wine" wineboot -i >"$slot_dir/wineboot.log" 2>&1 9>&- || true
-    # The font of the dialog on Windows, or what has its widths.
+    # The font of the dialog on Windows, or what has its widths, and one for the characters that it lacks.
     cp /usr/share/wine/fonts/tahoma.ttf /usr/share/wine/fonts/tahomabd.ttf "$slot_dir/prefix/drive_c/windows/Fonts/"
-    wine_registry "$1" <<'END'
-[HKEY_CURRENT_USER\Software\Wine\WineDbg]
+    wine_registry "$1" <<END
+[HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]
 "ShowCrashDialog"=dword:00000000
-[HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes]
+[HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\FontSubstitutes]
 "MS Shell Dlg"="Tahoma"
 "MS Shell Dlg 2"="Tahoma"
+[HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\FontLink\\SystemLink]
+"Tahoma"=hex(7):$(wine_strings 'DroidSansFallbackFull.ttf,Droid Sans Fallback')
+"Tahoma Bold"=hex(7):$(wine_strings 'DroidSansFallbackFull.ttf,Droid Sans Fallback')
 END
     echo "$wine_prefix_version" >"$slot_dir/ready"
+}
+
+# wine_strings STRING...: strings as a value of the registry that holds several.
+wine_strings() {
+    printf '%s\0' "$@" '' | od -An -v -tx1 | tr -d '\n' | sed 's/^ //; s/ /,/g'
 }
 
 # wine_registry SLOT: writes the keys and values of the standard input, which has the form of a file of the registry editor.
