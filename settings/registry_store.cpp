@@ -91,6 +91,7 @@ void StoreText(HKEY key, const char* name, const std::wstring& text) {
     const int length = static_cast<int>(text.size());
     const int narrowSize =
         WideCharToMultiByte(CP_THREAD_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+    if (narrowSize == 0 && length != 0) return;
     const DWORD valueSize = static_cast<DWORD>(length) + 1;
     const DWORD filled = std::max(static_cast<DWORD>(narrowSize), valueSize) + 1;
 
