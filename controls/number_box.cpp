@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cwchar>
 #include <string>
 #include <type_traits>
@@ -79,8 +78,9 @@ Number NumberBox<Number>::ReadNumber() const {
     if constexpr (std::is_integral_v<Number>) {
         return static_cast<Number>(GetDlgItemInt(Page().Handle(), static_cast<int>(Id()), nullptr, TRUE));
     } else {
-        const double number = std::wcstod(WindowText(Handle(), kLongestText).c_str(), nullptr);
-        return std::isnan(number) ? 0.0 : number;
+        // The system's own conversion: that of the compiler's library allocates, and writes there whether it
+        // got memory or not.
+        return _wtof(WindowText(Handle(), kLongestText).c_str());
     }
 }
 

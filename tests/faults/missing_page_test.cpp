@@ -3,13 +3,11 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
-#include "resources/ids/document_info.h"
 #include "resources/ids/main.h"
 #include "tests/faults/opening.h"
 #include "tests/faults/refused_window.h"
 #include "tests/support/import_faults.h"
 #include "tests/support/loaded_module.h"
-#include "tests/support/scratch_settings.h"
 #include "tests/support/window_search.h"
 
 namespace vmk::test {
@@ -128,47 +126,6 @@ TEST_F(MissingPage, WhenNothingCanBeAttachedToTheMainDialogThereIsNone) {
     const Opening opening = Open();
     EXPECT_EQ(opening.exitCode, -1);
     EXPECT_FALSE(opening.wasShown);
-}
-
-// Storing
-
-class StoreWithAFault : public MissingPage {
-  protected:
-    // Has the dialog opened on what was loaded, all texts of the Document Info page changed, and some call
-    // for memory fail while they are applied.
-    Opening ApplyWith(long call) {
-        Load(*m_object, m_loaded);
-        m_object->DisablePage(AllPages);
-        m_object->EnablePage(DocumentInfo);
-        const Opening opening = OpenAndEnd(*m_object, Ending::kApplyThenCancel, [&](HWND dialog) {
-            for (const int box : kBoxes) SetWindowTextW(FindVisibleControl(dialog, box), kTyped.c_str());
-            m_faults.Fail({.function = "memory", .first = call});
-        });
-        m_faults.Stop();
-        return opening;
-    }
-
-    static constexpr int kBoxes[] = {IDC_DOCINFO_TITLE, IDC_DOCINFO_SUBJECT, IDC_DOCINFO_AUTHOR,
-                                     IDC_DOCINFO_KEYWORDS, IDC_DOCINFO_CREATOR};
-    static inline const std::wstring kTyped = L"a text that needs memory of its own, as long as it is";
-    PrinterSettings m_loaded;
-};
-
-TEST_F(StoreWithAFault, LeavesTheSettingsOfThePageAsTheyWereAndApplyEnabled) {
-    ApplyWith(LONG_MAX);
-    const long calls = m_faults.Calls();
-    ASSERT_GT(calls, 5);
-    const PrinterSettings applied = RecordOf(*m_object);
-    EXPECT_EQ(applied.Info.Title, kTyped);
-    EXPECT_EQ(applied.Info.Keywords, kTyped);
-
-    int failures = 0;
-    for (long call = 1; call <= calls; ++call) {
-        const Opening opening = ApplyWith(call);
-        EXPECT_EQ(RecordOf(*m_object), opening.keptChanges ? m_loaded : applied) << call;
-        failures += opening.keptChanges ? 1 : 0;
-    }
-    EXPECT_GT(failures, 0);
 }
 
 }  // namespace

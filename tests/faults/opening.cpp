@@ -2,7 +2,10 @@
 
 #include <commctrl.h>
 
+#include <cstdint>
 #include <iterator>
+#include <sstream>
+#include <string_view>
 #include <utility>
 
 #include "resources/ids/email.h"
@@ -24,15 +27,32 @@ struct Run {
     const std::function<void(HWND dialog)>& inDialog;
     Opening& opening;
     int attempts = 0;
+    HWND pressedOk = nullptr;  // the dialog over the main one whose OK was pressed last
+    const void* violatedFrom = nullptr;
 };
 Run* current = nullptr;
 
 // Notes what goes wrong in this thread's opening. Handlers of C++ exceptions may take an access violation for
 // one of theirs, so that it would not be seen otherwise.
 LONG CALLBACK OnException(EXCEPTION_POINTERS* exception) {
-    if (current && exception->ExceptionRecord->ExceptionCode == EXCEPTION_ACCESS_VIOLATION)
-        ++current->opening.violations;
+    const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
+    if (current && record.ExceptionCode == EXCEPTION_ACCESS_VIOLATION && ++current->opening.violations == 1)
+        current->violatedFrom = record.ExceptionAddress;
     return EXCEPTION_CONTINUE_SEARCH;
+}
+
+// The file of the code that lies there, and how far from its start.
+std::string PlaceOf(const void* address) {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       static_cast<const wchar_t*>(address), &module);
+    char path[MAX_PATH] = "";
+    if (module) GetModuleFileNameA(module, path, MAX_PATH);
+    const std::string_view file = path;
+    std::ostringstream place;
+    place << file.substr(file.rfind('\\') + 1) << " at " << std::hex
+          << reinterpret_cast<std::uintptr_t>(address) - reinterpret_cast<std::uintptr_t>(module);
+    return place.str();
 }
 
 void Press(HWND dialog, WORD button) {
@@ -59,8 +79,9 @@ bool IsInMenu() {
     return GetGUIThreadInfo(GetCurrentThreadId(), &info) && (info.flags & GUI_INMENUMODE);
 }
 
-// Closes whatever stands over the main dialog; whether there was something.
-bool CloseModal(HWND dialog, Opening& opening) {
+// Closes whatever stands over the main dialog; whether there was something. What cannot store stays open on
+// OK, and is cancelled.
+bool CloseModal(HWND dialog, Run& run) {
     if (IsInMenu()) {
         EndMenu();
         return true;
@@ -69,9 +90,10 @@ bool CloseModal(HWND dialog, Opening& opening) {
     if (!GetDlgItem(dialog, IDC_SMTP_ADDRESS)) {
         wchar_t title[200] = L"";
         GetWindowTextW(dialog, title, static_cast<int>(std::size(title)));
-        opening.unexpected = title;
+        run.opening.unexpected = title;
     }
-    Press(dialog, IDOK);
+    const bool isStillThere = std::exchange(run.pressedOk, dialog) == dialog;
+    Press(dialog, isStillThere ? IDCANCEL : IDOK);
     return true;
 }
 
@@ -86,7 +108,7 @@ void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
         EndDialog(dialog, IDABORT);
         return;
     }
-    if (CloseModal(dialog, run.opening)) return;
+    if (CloseModal(dialog, run)) return;
     // What is done there may have a message loop of its own, in which this timer goes on.
     if (!std::exchange(run.opening.wasShown, true) && run.inDialog) run.inDialog(dialog);
     End(dialog, run);
@@ -137,6 +159,7 @@ Opening OpenAndEnd(IPdfPrinterPreferences& object, Ending ending,
     const OpenedDialog opened = OpenAndCompare(object, language);
     opening.exitCode = opened.answer;
     opening.hostChanges = opened.hostChanges;
+    if (run.violatedFrom) opening.whereViolated = PlaceOf(run.violatedFrom);
     KillTimer(nullptr, timer);
     RemoveVectoredExceptionHandler(handler);
     current = nullptr;

@@ -15,13 +15,14 @@ enum class Ending { kOk, kCancel, kApplyThenCancel };
 
 // What became of a dialog.
 struct Opening {
-    LONG exitCode = 0;         // what OpenDialog answered
-    bool wasShown = false;     // there was a dialog on screen
-    bool wasStuck = false;     // its buttons did not end it
-    long violations = 0;       // accesses to memory that is not there, also those that somebody caught
-    bool keptChanges = false;  // after Apply there was still something to apply
-    std::wstring unexpected;   // title of a dialog that is none of the component's, such as a message box
-    std::string hostChanges;   // what the host found otherwise afterwards
+    LONG exitCode = 0;          // what OpenDialog answered
+    bool wasShown = false;      // there was a dialog on screen
+    bool wasStuck = false;      // its buttons did not end it
+    long violations = 0;        // accesses to memory that is not there, also those that somebody caught
+    std::string whereViolated;  // the first of them, for script/where if it is the component's
+    bool keptChanges = false;   // after Apply there was still something to apply
+    std::wstring unexpected;    // title of a dialog that is none of the component's, such as a message box
+    std::string hostChanges;    // what the host found otherwise afterwards
 };
 
 // Opens the dialog on the calling thread and ends it once it is on screen, whatever fails meanwhile.
