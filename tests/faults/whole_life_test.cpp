@@ -4,10 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <initializer_list>
 #include <map>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tests/faults/opening.h"
@@ -137,6 +139,25 @@ class WholeLife : public testing::TestWithParam<Ending> {
         return places;
     }
 
+    // What VMK_LIFE chooses: "memory" all lives without memory, "memory:12" that of which the twelfth call
+    // fails, "memory:12+" that of which all fail from there on. Failures are reported by these names.
+    struct Choice {
+        std::string_view function;  // empty: all of them
+        long place = 0;             // 0: all of them
+        bool lasting = false;
+    };
+
+    static Choice ChosenLife() {
+        const char* const life = std::getenv("VMK_LIFE");
+        if (!life) return {};
+        const std::string_view name = life;
+        const std::size_t colon = name.find(':');
+        if (colon == name.npos) return {.function = name};
+        return {.function = name.substr(0, colon),
+                .place = std::atol(life + colon + 1),
+                .lasting = name.ends_with('+')};
+    }
+
     // How often an undisturbed life calls each function.
     const std::map<std::string, long>& AllCalls() {
         static std::map<Ending, std::map<std::string, long>> calls;
@@ -150,12 +171,16 @@ class WholeLife : public testing::TestWithParam<Ending> {
     // Lives with one call of each function failing, and with all from that one on, at each of those places.
     // In a short run without a sample each function fails in one way, at one place and for one ending.
     void FailAt(std::initializer_list<const char*> functions, long sample = 0) {
+        const Choice choice = ChosenLife();
         int turn = static_cast<int>(GetParam());
         for (const char* const function : functions) {
             const long calls = AllCalls().at(function);
             ASSERT_GT(calls, 0) << function;
             ++turn;
-            if (IsLongRun() || sample > 0) {
+            if (!choice.function.empty() && choice.function != function) continue;
+            if (choice.place > 0) {
+                Fail(function, choice.place, choice.lasting);
+            } else if (IsLongRun() || sample > 0) {
                 for (const long place : Places(calls, sample)) {
                     Fail(function, place, false);
                     Fail(function, place, true);
@@ -168,7 +193,9 @@ class WholeLife : public testing::TestWithParam<Ending> {
 
     void Fail(const char* function, long place, bool lasting) {
         EXPECT_EQ(Live({.function = function, .first = place, .lasting = lasting}), "")
-            << function << " fails at call " << place << (lasting ? " and ever after" : "");
+            << function << " fails at call " << place << (lasting ? " and ever after" : "") << ": "
+            << (IsLongRun() ? "VMK_SOAK=1 " : "") << "VMK_LIFE=" << function << ":" << place
+            << (lasting ? "+" : "");
     }
 
     const PrinterSettings m_loaded = Loaded();
@@ -214,6 +241,7 @@ class WholeLife : public testing::TestWithParam<Ending> {
 
         complaints.ExpectSame("whether the dialog was stuck", opening.wasStuck, false);
         complaints.ExpectSame("the number of access violations", opening.violations, 0L);
+        complaints.ExpectNone("an access violation", opening.whereViolated);
         complaints.ExpectSame("a dialog of somebody else's", opening.unexpected, std::wstring());
         if (!IsBeyondHelp(opening.hostChanges, plan))
             complaints.ExpectNone("changed for the host", opening.hostChanges);
