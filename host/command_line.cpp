@@ -72,6 +72,7 @@ void Declare(Grammar& grammar, Typed& typed) {
         ->type_name("NAME,...");
     grammar.edit->add_option("--language", typed.language, kLanguageHelp)->type_name("LANGID");
     grammar.edit->add_option("--title", typed.title, "Caption of the dialog")->type_name("TEXT");
+    grammar.edit->add_flag("--registered", typed.registered, kRegisteredHelp);
 
     grammar.show = AddCommand(app, "show", "Prints the stored settings; passwords as asterisks.");
     grammar.show->add_option("--key", typed.key, kKeyHelp)->type_name("SUBKEY");
@@ -84,6 +85,7 @@ void Declare(Grammar& grammar, Typed& typed) {
         AddCommand(app, "reset", "Sets groups to their default values, as far as the component resets them.");
     grammar.reset->add_option("--key", typed.key, kKeyHelp)->type_name("SUBKEY");
     grammar.reset->add_option("GROUP", typed.groups, "Groups to reset")->type_name("")->required();
+    grammar.reset->add_flag("--registered", typed.registered, kRegisteredHelp);
 
     grammar.enroll = AddCommand(app, "register", "Registers the vmkctrl.dll beside this program.");
     grammar.withdraw = AddCommand(app, "unregister", "Removes that registration.");

@@ -4,9 +4,14 @@
 
 namespace vmk {
 
-// Write UTF-8 to standard output and standard error: as UTF-8 into files and pipes, and as Unicode text to a
-// console, whose code page does not matter. What the far end refuses is lost.
+// Writes UTF-8 to standard output: as UTF-8 into files and pipes, and as Unicode text to a console, whose
+// code page does not matter. Throws Failure when not all of it arrives.
 void WriteOutput(std::string_view text);
+
+// The same to standard error, of whose failure nobody can be told.
 void WriteError(std::string_view text);
+
+// Whether somebody looks on while standard error is written.
+bool ErrorsGoToTerminal();
 
 }  // namespace vmk

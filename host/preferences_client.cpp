@@ -2,8 +2,10 @@
 
 #include <oleauto.h>
 
+#include <array>
 #include <new>
 
+#include "base/registry_key.h"
 #include "host/failure.h"
 #include "host/stored_settings.h"
 #include "host/text.h"
@@ -12,6 +14,7 @@ namespace vmk {
 namespace {
 
 constexpr const wchar_t* kLibraryName = L"vmkctrl.dll";
+constexpr const char* kNeedsRights = "; run this as an administrator";
 
 struct BstrTraits {
     using Value = BSTR;
@@ -83,7 +86,17 @@ void RequireKey(const std::wstring& key) {
 void CallEntryPoint(const char* name, const char* what) {
     const Apartment apartment;
     const UniqueLibrary library = LoadComponent();
-    Check(RequiredEntryPoint<HRESULT WINAPI()>(library, name)(), what);
+    const HRESULT result = RequiredEntryPoint<HRESULT WINAPI()>(library, name)();
+    if (result == E_ACCESSDENIED) throw Failure(std::string(what) + kNeedsRights, result);
+    Check(result, what);
+}
+
+bool IsRegistered() {
+    std::array<wchar_t, 39> clsid{};
+    StringFromGUID2(__uuidof(PdfPrinterPreferences), clsid.data(), static_cast<int>(clsid.size()));
+    const std::wstring path = std::wstring(L"CLSID\\") + clsid.data() + L"\\InprocServer32";
+    UniqueRegistryKey key;
+    return RegOpenKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, KEY_READ, key.put()) == ERROR_SUCCESS;
 }
 
 }  // namespace
@@ -145,6 +158,8 @@ void RegisterComponent() {
 }
 
 void UnregisterComponent() {
+    if (!IsRegistered())
+        throw Failure("the preferences component is not registered; there is nothing to take back");
     CallEntryPoint("DllUnregisterServer", "vmkctrl.dll cannot be unregistered");
 }
 

@@ -184,11 +184,13 @@ TEST(CommandLineHelp, NamesTheCommands) {
 
 TEST(CommandLineHelp, OfACommandNamesItsOptionsAndThePages) {
     const std::string help = Answer({L"edit", L"--help"}).text;
-    for (const char* word : {"--key", "--pages", "--language", "hexadecimal", "--title", "DigitalSign"}) {
+    for (const char* word :
+         {"--key", "--pages", "--language", "hexadecimal", "--title", "DigitalSign", "--registered"}) {
         EXPECT_THAT(help, HasSubstr(word));
     }
     EXPECT_THAT(Answer({L"show", L"--help"}).text, HasSubstr("--texts"));
     EXPECT_THAT(Answer({L"reset", L"--help"}).text, HasSubstr("GROUP"));
+    EXPECT_THAT(Answer({L"reset", L"--help"}).text, HasSubstr("--registered"));
     EXPECT_EQ(Answer({L"unregister", L"--help"}).status, 0);
 }
 

@@ -60,11 +60,12 @@ struct RunningVmkprefs::Process {
     DWORD id = 0;
 };
 
-RunningVmkprefs::RunningVmkprefs(const std::wstring& arguments) : m_process(std::make_unique<Process>()) {
+RunningVmkprefs::RunningVmkprefs(const std::wstring& arguments, HANDLE output)
+    : m_process(std::make_unique<Process>()) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdOutput = m_process->output.writer.get();
+    startup.hStdOutput = output ? output : m_process->output.writer.get();
     startup.hStdError = m_process->error.writer.get();
     std::wstring commandLine = L"\"" + ArtifactFolder() + L"vmkprefs.exe\" " + arguments;
     PROCESS_INFORMATION process{};
@@ -103,8 +104,8 @@ ProgramRun RunningVmkprefs::Finish() {
     return run;
 }
 
-ProgramRun RunVmkprefs(const std::wstring& arguments) {
-    return RunningVmkprefs(arguments).Finish();
+ProgramRun RunVmkprefs(const std::wstring& arguments, HANDLE output) {
+    return RunningVmkprefs(arguments, output).Finish();
 }
 
 }  // namespace vmk::test

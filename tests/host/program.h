@@ -17,8 +17,9 @@ struct ProgramRun {
 // A vmkprefs.exe of this build that runs. One that is still there at the end is ended.
 class RunningVmkprefs {
   public:
-    // Starts it with the arguments, written as on a command line.
-    explicit RunningVmkprefs(const std::wstring& arguments);
+    // Starts it with the arguments, written as on a command line. Its standard output is read, unless it goes
+    // to a handle, which is inherited.
+    explicit RunningVmkprefs(const std::wstring& arguments, HANDLE output = nullptr);
     ~RunningVmkprefs();
     RunningVmkprefs(const RunningVmkprefs&) = delete;
     RunningVmkprefs& operator=(const RunningVmkprefs&) = delete;
@@ -33,7 +34,7 @@ class RunningVmkprefs {
 };
 
 // Runs it from start to end.
-ProgramRun RunVmkprefs(const std::wstring& arguments);
+ProgramRun RunVmkprefs(const std::wstring& arguments, HANDLE output = nullptr);
 
 // The folder of vmkprefs.exe and vmkctrl.dll, ending with a backslash.
 std::wstring ArtifactFolder();

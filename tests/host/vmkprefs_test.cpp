@@ -166,6 +166,7 @@ TEST(VmkprefsRegistration, RegistersTheLibraryBesideItAndTakesItBack) {
 
     EXPECT_EQ(RunVmkprefs(L"unregister").status, 0);
     EXPECT_EQ(RegisteredServer(), L"");
+    ExpectFailure(RunVmkprefs(L"unregister"), "is not registered; there is nothing to take back\n");
     ExpectFailure(RunVmkprefs(WithKey(L"--registered reset", key) + L"Watermarks"),
                   "the registered preferences component cannot be created (0x80040154)");
 }
