@@ -52,9 +52,13 @@ bool LoadNumber(HKEY key, const char* name, std::int32_t& number) {
            ERROR_SUCCESS;
 }
 
-void StoreNumber(HKEY key, const char* name, std::int32_t number) {
-    RegSetValueExA(key, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), sizeof number);
+}  // namespace
+
+LSTATUS StoreNumber(HKEY key, const char* name, std::int32_t number) {
+    return RegSetValueExA(key, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), sizeof number);
 }
+
+namespace {
 
 // Converts what stands before the first zero, or all when there is none.
 void Widen(std::string_view narrow, std::wstring& wide) {
@@ -82,16 +86,18 @@ bool LoadText(HKEY key, const char* name, std::wstring& text) {
     return true;
 }
 
+}  // namespace
+
 // The size of the value goes by the characters of the text, not by the bytes of its narrow form: existing
 // data is that way. Zeros follow the narrow form up to one byte behind the value, since the registry looks
 // there for a terminator that was not counted. A text that cannot be converted now is like a write that the
 // registry refuses: what was stored stays.
-void StoreText(HKEY key, const char* name, const std::wstring& text) {
-    if (text.size() > INT_MAX / 4) return;  // no registry holds it
+LSTATUS StoreText(HKEY key, const char* name, const std::wstring& text) {
+    if (text.size() > INT_MAX / 4) return ERROR_INVALID_PARAMETER;  // no registry holds it
     const int length = static_cast<int>(text.size());
     const int narrowSize =
         WideCharToMultiByte(CP_THREAD_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    if (narrowSize == 0 && length != 0) return;
+    if (narrowSize == 0 && length != 0) return ERROR_NO_UNICODE_TRANSLATION;
     const DWORD valueSize = static_cast<DWORD>(length) + 1;
     const DWORD filled = std::max(static_cast<DWORD>(narrowSize), valueSize) + 1;
 
@@ -99,14 +105,16 @@ void StoreText(HKEY key, const char* name, const std::wstring& text) {
     try {
         buffer.Reserve(filled);
     } catch (const std::bad_alloc&) {
-        return;
+        return ERROR_NOT_ENOUGH_MEMORY;
     }
     std::memset(buffer.Data(), 0, filled);
     const int written = WideCharToMultiByte(CP_THREAD_ACP, 0, text.data(), length, buffer.Data(), narrowSize,
                                             nullptr, nullptr);
-    if (written == 0 && length != 0) return;
-    RegSetValueExA(key, name, 0, REG_SZ, buffer.Bytes(), valueSize);
+    if (written == 0 && length != 0) return ERROR_NO_UNICODE_TRANSLATION;
+    return RegSetValueExA(key, name, 0, REG_SZ, buffer.Bytes(), valueSize);
 }
+
+namespace {
 
 // A program is stored as the number 0 (none), the number 1 (the default application) or the text of its path.
 

@@ -2,11 +2,14 @@
 
 #include <windows.h>
 
+#include <cstdint>
+#include <string>
+
 #include "settings/page_set.h"
 #include "settings/printer_settings.h"
 
 // Settings as named values of one registry key: numbers as REG_DWORD, texts as REG_SZ in the ANSI code page
-// of the calling thread. Bits without settings are ignored. No failure is reported.
+// of the calling thread. Bits without settings are ignored. Groups report no failure.
 
 namespace vmk {
 
@@ -19,5 +22,9 @@ void LoadGroups(HKEY key, PageSet groups, PrinterSettings& settings);
 // are left alone. A text whose ANSI form has more bytes than the text has characters is stored cut to the
 // number of its characters plus one byte. A text for which there is no memory is left out.
 void StoreGroups(HKEY key, PageSet groups, const PrinterSettings& settings);
+
+// Write one value in the form in which groups are stored, and say whether that was done.
+LSTATUS StoreNumber(HKEY key, const char* name, std::int32_t number);
+LSTATUS StoreText(HKEY key, const char* name, const std::wstring& text);
 
 }  // namespace vmk
