@@ -5,17 +5,15 @@
 #include <utility>
 
 #include "controls/focus.h"
-#include "dialog/language_folder.h"
 #include "framework/dpi_awareness.h"
 #include "framework/module.h"
 #include "framework/visual_style.h"
 #include "resources/ids/main.h"
+#include "settings/language_folder.h"
 #include "settings/passwords.h"
 
 namespace vmk {
 namespace {
-
-constexpr wchar_t kProduct[] = L"vmkctrl.PdfPrinterPreferences";
 
 // Empty when it cannot be read.
 std::wstring CurrentFolder() {
@@ -160,7 +158,7 @@ void CDlgMain::HoldBackChanges() noexcept {
 
 void CDlgMain::OpenLanguage() {
     const LANGID language = m_options.language ? m_options.language : GetUserDefaultLangID();
-    if (!m_translator.OpenLanguageSession(LanguageFolder(), kProduct)) return;
+    if (!m_translator.OpenLanguageSession(LanguageFolder(), kLanguageProduct)) return;
     if (m_translator.SelectLanguage(language)) m_translator.TranslateWindow(Handle(), true);
 }
 

@@ -308,4 +308,4 @@ def texts():
 
 def product():
     """The identifier that a language file has to name."""
-    return re.search(r'kProduct\[\] = L"([^"]+)"', read("dialog/main_dialog.cpp"))[1]
+    return re.search(r'kLanguageProduct\[\] = L"([^"]+)"', read("settings/language_folder.h"))[1]

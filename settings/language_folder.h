@@ -9,4 +9,7 @@ namespace vmk {
 // when there is none, or when what is stored takes more than 260 bytes.
 std::string LanguageFolder();
 
+// The product that a language file has to name to be of use here.
+inline constexpr wchar_t kLanguageProduct[] = L"vmkctrl.PdfPrinterPreferences";
+
 }  // namespace vmk

@@ -1,4 +1,4 @@
-#include "dialog/language_folder.h"
+#include "settings/language_folder.h"
 
 #include <windows.h>
 
