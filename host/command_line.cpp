@@ -1,9 +1,8 @@
 #include "host/command_line.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <sstream>
 #include <stdexcept>
 #include <string_view>
@@ -11,85 +10,19 @@
 #include "host/exit_status.h"
 #include "host/pages.h"
 #include "host/text.h"
+#include "host/verbs.h"
 
 namespace vmk {
 namespace {
 
 constexpr const char* kDescription =
-    "Edits, shows and resets the printing preferences of the virtual PDF printer.\n"
-    "Exit status: 0 done or OK, 1 cancelled, 2 wrong usage or failure.";
-constexpr const char* kCommandMissing = "give one of the commands edit, show, reset, register, unregister";
-constexpr const char* kRegisteredHelp =
-    "Use the registered component instead of the vmkctrl.dll beside this program";
-constexpr const char* kKeyHelp = "Sub-key that holds the settings (default: the root key)";
-constexpr const char* kLanguageHelp =
-    "Windows language identifier, always hexadecimal, with or without 0x: 0407 is German "
-    "(default: 0, the user's language)";
+    "Edits, shows, changes and moves the printing preferences of the virtual PDF printer.\n"
+    "Exit status: 0 done, OK or no difference, 1 cancelled, different or damaged, 2 wrong usage or failure.";
 
 class UsageError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
-
-// The texts as they were typed, in UTF-8.
-struct Typed {
-    bool registered = false;
-    bool texts = false;
-    std::string key;
-    std::string pages = "all";
-    std::string language = "0";
-    std::string title;
-    std::vector<std::string> groups;
-};
-
-struct Grammar {
-    CLI::App app{kDescription, "vmkprefs"};
-    CLI::App* edit = nullptr;
-    CLI::App* show = nullptr;
-    CLI::App* reset = nullptr;
-    CLI::App* enroll = nullptr;
-    CLI::App* withdraw = nullptr;
-};
-
-CLI::App* AddCommand(CLI::App& app, const char* name, const std::string& help) {
-    CLI::App* command = app.add_subcommand(name, help);
-    command->fallthrough();  // --registered is understood behind the command as well
-    command->footer(app.get_footer());
-    return command;
-}
-
-void Declare(Grammar& grammar, Typed& typed) {
-    CLI::App& app = grammar.app;
-    app.footer("The names of pages and groups, in any case: " + ListOfPageNames() + ".");
-    // A title or a key may well begin with a slash.
-    app.allow_windows_style_options(false);
-    app.require_subcommand(1);
-    app.add_flag("--registered", typed.registered, kRegisteredHelp);
-
-    grammar.edit = AddCommand(app, "edit", "Opens the dialog and stores the settings on OK.");
-    grammar.edit->add_option("--key", typed.key, kKeyHelp)->type_name("SUBKEY");
-    grammar.edit->add_option("--pages", typed.pages, "Pages to list, joined by commas (default: all)")
-        ->type_name("NAME,...");
-    grammar.edit->add_option("--language", typed.language, kLanguageHelp)->type_name("LANGID");
-    grammar.edit->add_option("--title", typed.title, "Caption of the dialog")->type_name("TEXT");
-    grammar.edit->add_flag("--registered", typed.registered, kRegisteredHelp);
-
-    grammar.show = AddCommand(app, "show", "Prints the stored settings; passwords as asterisks.");
-    grammar.show->add_option("--key", typed.key, kKeyHelp)->type_name("SUBKEY");
-    grammar.show->add_flag("--texts", typed.texts,
-                           "Add what each number means, as in \"1 (Auto)\": the English text that the dialog "
-                           "shows for it, or its unit");
-    grammar.show->add_option("GROUP", typed.groups, "Groups to print (default: everything)")->type_name("");
-
-    grammar.reset =
-        AddCommand(app, "reset", "Sets groups to their default values, as far as the component resets them.");
-    grammar.reset->add_option("--key", typed.key, kKeyHelp)->type_name("SUBKEY");
-    grammar.reset->add_option("GROUP", typed.groups, "Groups to reset")->type_name("")->required();
-    grammar.reset->add_flag("--registered", typed.registered, kRegisteredHelp);
-
-    grammar.enroll = AddCommand(app, "register", "Registers the vmkctrl.dll beside this program.");
-    grammar.withdraw = AddCommand(app, "unregister", "Removes that registration.");
-}
 
 PageSet PagesOf(const std::vector<std::string>& names) {
     PageSet bits = 0;
@@ -123,33 +56,66 @@ LANGID LanguageOf(const std::string& text) {
     return language;
 }
 
-// The registry would refuse such a key, and the component would say nothing about it.
 std::wstring KeyOf(const std::string& text) {
-    if (text.starts_with('\\') || text.ends_with('\\') || text.find("\\\\") != std::string::npos) {
-        throw UsageError("'" + text + "' is no sub-key; every backslash has to stand between two names");
-    }
-    return WideFromUtf8(text);
+    if (auto key = SubKeyOf(text)) return *std::move(key);
+    throw UsageError("'" + text + "' is no sub-key; every backslash has to stand between two names");
 }
 
-CommandLine Checked(const Grammar& grammar, const Typed& typed) {
-    CommandLine line;
-    line.registered = typed.registered;
-    line.key = KeyOf(typed.key);
-    if (grammar.edit->parsed()) {
-        line.action = Action::Edit;
-        line.pages = PagesOf(SplitAtCommas(typed.pages));
-        line.language = LanguageOf(typed.language);
-        line.title = WideFromUtf8(typed.title);
-        return line;
+// Commands whose operands are keys and nothing else.
+bool TakesKeys(Action action) {
+    return action == Action::Copy || action == Action::Report;
+}
+
+// Commands that print JSON. --json may stand in front of the command, where every one would have it.
+bool PrintsJson(Action action) {
+    constexpr Action kPrinters[] = {Action::Show,      Action::Get,      Action::Defaults, Action::Keys,
+                                    Action::Diff,      Action::Validate, Action::Import,   Action::Presets,
+                                    Action::Languages, Action::Version};
+    return std::ranges::find(kPrinters, action) != std::end(kPrinters);
+}
+
+bool UsesComponent(Action action) {
+    return action == Action::Edit || action == Action::Reset || action == Action::Version;
+}
+
+void CheckCombination(const CommandLine& line) {
+    if (line.registered && !UsesComponent(line.action)) {
+        throw UsageError("--registered has no meaning here: nothing is asked of the component");
     }
-    if (grammar.show->parsed() || grammar.reset->parsed()) {
-        line.action = grammar.show->parsed() ? Action::Show : Action::Reset;
-        line.texts = typed.texts;
-        if (!typed.groups.empty()) line.pages = PagesOf(typed.groups);
-        return line;
+    if (line.json && !PrintsJson(line.action)) throw UsageError("--json has no meaning here");
+    if (line.json && line.action == Action::Import && !line.dryRun) {
+        throw UsageError("--json has no meaning here without --dry-run");
     }
-    line.action = grammar.enroll->parsed() ? Action::Register : Action::Unregister;
-    if (line.registered) throw UsageError("--registered has no meaning here: it is about this registration");
+    if (line.dryRun && !line.list.empty()) throw UsageError("--dry-run is for one key, not for --keys");
+    if (line.action == Action::Completion && line.operands.front() != L"powershell") {
+        throw UsageError("the shell that can be completed is powershell");
+    }
+}
+
+CommandLine Checked(Action action, const Typed& typed) {
+    CommandLine line{.action = action,
+                     .registered = typed.registered,
+                     .key = KeyOf(typed.key),
+                     .pages = {},
+                     .texts = typed.texts,
+                     .language = LanguageOf(typed.language),
+                     .title = WideFromUtf8(typed.title),
+                     .operands = {},
+                     .list = WideFromUtf8(typed.list),
+                     .folder = WideFromUtf8(typed.folder),
+                     .html = WideFromUtf8(typed.html),
+                     .json = typed.json,
+                     .bare = typed.bare,
+                     .reg = typed.reg,
+                     .withPasswords = typed.withPasswords,
+                     .force = typed.force,
+                     .dryRun = typed.dryRun};
+    if (action == Action::Edit) line.pages = PagesOf(SplitAtCommas(typed.pages));
+    if (!typed.groups.empty()) line.pages = PagesOf(typed.groups);
+    for (const std::string& operand : typed.operands) {
+        line.operands.push_back(TakesKeys(action) ? KeyOf(operand) : WideFromUtf8(operand));
+    }
+    CheckCombination(line);
     return line;
 }
 
@@ -165,21 +131,32 @@ std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(const std::vector<
     std::transform(arguments.rbegin(), arguments.rend(), reversed.begin(), Utf8FromWide);
 
     Typed typed;
-    Grammar grammar;
-    Declare(grammar, typed);
+    CLI::App app(kDescription, "vmkprefs");
+    DeclareGrammar(app, typed);
+    const std::string missing = "give one of the commands " + ListOfVerbs();
     try {
-        grammar.app.parse(reversed);
-        return Checked(grammar, typed);
+        app.parse(reversed);
+        const Verb* const verb = ParsedVerb(app);
+        if (!verb && !typed.version) return WrongUsage(missing);
+        return Checked(verb ? verb->action : Action::Version, typed);
     } catch (const CLI::Success& request) {
         std::ostringstream help;
-        grammar.app.exit(request, help, help);
+        app.exit(request, help, help);
         return CommandLineAnswer{.status = kExitDone, .text = help.str()};
     } catch (const CLI::Error& error) {
-        if (grammar.app.get_subcommands().empty()) return WrongUsage(kCommandMissing);
-        return WrongUsage(error.what());
+        return WrongUsage(app.get_subcommands().empty() ? missing : error.what());
     } catch (const UsageError& error) {
         return WrongUsage(error.what());
     }
+}
+
+std::optional<std::wstring> SubKeyOf(const std::string& text) {
+    if (text == ".") return L"";
+    // The registry would refuse such a key, and the component would say nothing about it.
+    if (text.starts_with('\\') || text.ends_with('\\') || text.find("\\\\") != std::string::npos) {
+        return std::nullopt;
+    }
+    return WideFromUtf8(text);
 }
 
 }  // namespace vmk

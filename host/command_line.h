@@ -11,7 +11,27 @@
 
 namespace vmk {
 
-enum class Action { Edit, Show, Reset, Register, Unregister };
+enum class Action {
+    Edit,
+    Show,
+    Get,
+    Set,
+    Reset,
+    Defaults,
+    Keys,
+    Copy,
+    Diff,
+    Validate,
+    Export,
+    Import,
+    Report,
+    Presets,
+    Languages,
+    Completion,
+    Register,
+    Unregister,
+    Version,
+};
 
 // What the user asked for, checked. Members that the action has no use for keep their defaults.
 struct CommandLine {
@@ -20,8 +40,21 @@ struct CommandLine {
     std::wstring key;              // sub-key of the settings; empty: the root key itself
     std::optional<PageSet> pages;  // edit: pages to list; show, reset: groups; nothing given: empty
     bool texts = false;            // show: add what numbers mean
-    LANGID language = 0;           // edit: 0 is the user's default language
+    LANGID language = 0;           // edit, report: 0 is the user's default language
     std::wstring title;            // edit: caption of the dialog; empty: its own
+
+    // get: names; set: assignments; copy, report: sub-keys; diff, validate: sub-keys or files; export,
+    // import: the file.
+    std::vector<std::wstring> operands;
+    std::wstring list;           // import: the file that lists the keys
+    std::wstring folder;         // languages: where to look; empty: the configured folder
+    std::wstring html;           // report: the file
+    bool json = false;           // print JSON
+    bool bare = false;           // get: values alone
+    bool reg = false;            // export: the form of the registry editor
+    bool withPasswords = false;  // get, diff, export
+    bool force = false;          // set, import: numbers that a setting may not have
+    bool dryRun = false;         // import: show what would change
 };
 
 // The answer to a command line that asks for nothing but a text: help (status 0) or the one line that says
@@ -33,5 +66,9 @@ struct CommandLineAnswer {
 
 // Reads the arguments that follow the program's name.
 std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(const std::vector<std::wstring>& arguments);
+
+// The sub-key of a name as people write it: "." is the root key. Nothing when the registry cannot have such a
+// key.
+std::optional<std::wstring> SubKeyOf(const std::string& text);
 
 }  // namespace vmk

@@ -3,12 +3,17 @@
 #include <optional>
 #include <vector>
 
+#include "host/about_commands.h"
 #include "host/console.h"
 #include "host/exit_status.h"
 #include "host/failure.h"
+#include "host/file_commands.h"
+#include "host/json_text.h"
 #include "host/meanings.h"
 #include "host/preferences_client.h"
+#include "host/report.h"
 #include "host/stored_settings.h"
+#include "host/value_commands.h"
 
 namespace vmk {
 namespace {
@@ -27,9 +32,26 @@ int Edit(const CommandLine& line) {
     return kExitDone;
 }
 
+std::string JsonOf(const std::vector<StoredSetting>& settings, std::optional<PageSet> groups) {
+    JsonObject object;
+    for (const StoredSetting& setting : settings) {
+        if (groups && (*groups & GroupOfSetting(setting.name)) == 0) continue;
+        if (setting.number) {
+            object.Add(setting.name, std::to_string(*setting.number));
+        } else {
+            object.Add(setting.name, JsonText(setting.text.value_or(setting.display)));
+        }
+    }
+    return object.Text() + "\n";
+}
+
 int Show(const CommandLine& line) {
     std::optional<std::vector<StoredSetting>> settings = ReadStoredSettings(line.key);
     if (!settings) throw Failure("there is no key " + NameOfSettingsKey(line.key));
+    if (line.json) {
+        WriteOutput(JsonOf(*settings, line.pages));
+        return kExitDone;
+    }
     if (line.texts) AddMeanings(*settings);
     WriteOutput(FormatSettings(*settings, line.pages));
     return kExitDone;
@@ -61,12 +83,40 @@ int Execute(const CommandLine& line) {
             return Show(line);
         case Action::Reset:
             return Reset(line);
+        case Action::Get:
+            return Get(line);
+        case Action::Set:
+            return Set(line);
+        case Action::Defaults:
+            return ShowDefaults(line);
+        case Action::Keys:
+            return ListKeys(line);
+        case Action::Copy:
+            return Copy(line);
+        case Action::Diff:
+            return Diff(line);
+        case Action::Validate:
+            return Validate(line);
+        case Action::Export:
+            return Export(line);
+        case Action::Import:
+            return Import(line);
         case Action::Register:
             RegisterComponent();
             return kExitDone;
         case Action::Unregister:
             UnregisterComponent();
             return kExitDone;
+        case Action::Presets:
+            return ListPresets(line);
+        case Action::Languages:
+            return ListLanguages(line);
+        case Action::Version:
+            return ShowVersions(line);
+        case Action::Report:
+            return Report(line);
+        case Action::Completion:
+            return Complete();
     }
     return kExitFailure;
 }

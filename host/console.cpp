@@ -45,7 +45,7 @@ bool IsConsole(HANDLE handle) {
 }
 
 DWORD Write(DWORD stream, std::string_view text) {
-    HANDLE const handle = GetStdHandle(stream);
+    HANDLE handle = GetStdHandle(stream);
     return IsConsole(handle) ? WriteToConsole(handle, WideFromUtf8(text)) : WriteToFile(handle, text);
 }
 

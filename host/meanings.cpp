@@ -27,22 +27,30 @@ const NumberValues* FindRow(std::string_view name) {
     return row == std::end(kNumberValues) ? nullptr : row;
 }
 
-// Empty when there is nothing to say.
-std::string Meaning(const NumberValues& values, std::int32_t number) {
+std::string MeaningAmong(const NumberValues& values, std::int32_t number) {
     if (const Choice* choice = FindChoice(values.choices, number)) return Utf8FromWide(EnglishText(*choice));
     return values.IsInRange(number) ? std::string(values.unit) : "not a known value";
 }
 
 }  // namespace
 
+std::span<const Choice> ChoicesFor(const NumberValues& values, std::int32_t pagesPerSheet) {
+    return pagesPerSheet == 2 && values.name == kOrderName ? choices::kOrdersOfTwo : values.choices;
+}
+
+std::string Meaning(std::string_view name, std::int32_t number, std::int32_t pagesPerSheet) {
+    const NumberValues* const row = FindRow(name);
+    if (!row) return "";
+    NumberValues values = *row;
+    values.choices = ChoicesFor(values, pagesPerSheet);
+    return MeaningAmong(values, number);
+}
+
 void AddMeanings(std::vector<StoredSetting>& settings) {
-    const bool ordersTwo = NumberOf(settings, kPagesPerSheetName) == 2;
+    const std::int32_t pagesPerSheet = NumberOf(settings, kPagesPerSheetName).value_or(0);
     for (StoredSetting& setting : settings) {
-        const NumberValues* const row = FindRow(setting.name);
-        if (!row || !setting.number) continue;
-        NumberValues values = *row;
-        if (ordersTwo && values.name == kOrderName) values.choices = choices::kOrdersOfTwo;
-        const std::string meaning = Meaning(values, *setting.number);
+        if (!setting.number) continue;
+        const std::string meaning = Meaning(setting.name, *setting.number, pagesPerSheet);
         if (!meaning.empty()) setting.display += " (" + meaning + ")";
     }
 }

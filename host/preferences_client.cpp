@@ -5,7 +5,6 @@
 #include <array>
 #include <new>
 
-#include "base/registry_key.h"
 #include "host/failure.h"
 #include "host/stored_settings.h"
 #include "host/text.h"
@@ -34,12 +33,6 @@ void Check(HRESULT result, const char* what) {
 
 PdfPrinterDialogPage AsPages(PageSet bits) {
     return static_cast<PdfPrinterDialogPage>(bits);
-}
-
-std::wstring PathBesideProgram(const wchar_t* file) {
-    std::wstring path = PathOf(nullptr);
-    path.resize(path.find_last_of(L'\\') + 1);
-    return path + file;
 }
 
 UniqueLibrary LoadComponent() {
@@ -91,12 +84,16 @@ void CallEntryPoint(const char* name, const char* what) {
     Check(result, what);
 }
 
-bool IsRegistered() {
+// Empty when there is none.
+std::wstring RegisteredPath() {
     std::array<wchar_t, 39> clsid{};
     StringFromGUID2(__uuidof(PdfPrinterPreferences), clsid.data(), static_cast<int>(clsid.size()));
-    const std::wstring path = std::wstring(L"CLSID\\") + clsid.data() + L"\\InprocServer32";
-    UniqueRegistryKey key;
-    return RegOpenKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, KEY_READ, key.put()) == ERROR_SUCCESS;
+    const std::wstring key = std::wstring(L"CLSID\\") + clsid.data() + L"\\InprocServer32";
+    std::array<wchar_t, 1024> path{};
+    DWORD size = sizeof path;
+    const LSTATUS status =
+        RegGetValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, path.data(), &size);
+    return status == ERROR_SUCCESS ? path.data() : L"";
 }
 
 }  // namespace
@@ -158,9 +155,22 @@ void RegisterComponent() {
 }
 
 void UnregisterComponent() {
-    if (!IsRegistered())
+    if (RegisteredPath().empty())
         throw Failure("the preferences component is not registered; there is nothing to take back");
     CallEntryPoint("DllUnregisterServer", "vmkctrl.dll cannot be unregistered");
+}
+
+std::wstring PathBesideProgram(const std::wstring& file) {
+    std::wstring path = PathOf(nullptr);
+    path.resize(path.find_last_of(L'\\') + 1);
+    return path + file;
+}
+
+std::wstring PathOfComponent(ComponentSource source) {
+    if (source == ComponentSource::BesideProgram) return PathBesideProgram(kLibraryName);
+    std::wstring path = RegisteredPath();
+    if (path.empty()) throw Failure("the preferences component is not registered; vmkprefs register does it");
+    return path;
 }
 
 }  // namespace vmk

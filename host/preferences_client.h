@@ -48,6 +48,11 @@ class PreferencesClient {
     ComPointer<IPdfPrinterPreferences> m_preferences;
 };
 
+// The path of a file beside the program.
+std::wstring PathBesideProgram(const std::wstring& file);
+// The path of the component; throws Failure when none is registered.
+std::wstring PathOfComponent(ComponentSource source);
+
 // Calls DllRegisterServer or DllUnregisterServer of the component beside the program.
 void RegisterComponent();
 void UnregisterComponent();

@@ -8,14 +8,14 @@
 #include <cstring>
 
 #include "base/registry_key.h"
+#include "host/catalogue.h"
 #include "host/failure.h"
 #include "host/text.h"
 #include "settings/groups.h"
+#include "settings/registry_path.h"
 
 namespace vmk {
 namespace {
-
-constexpr std::string_view kRootPath = R"(SOFTWARE\Orrin Systems\vmkctrl.PdfPrinterPreferences\)";
 
 // How many characters the names have in common at their beginning, up to a dot.
 std::size_t SizeOfSharedParts(std::string_view left, std::string_view right) {
@@ -28,13 +28,8 @@ std::size_t SizeOfSharedParts(std::string_view left, std::string_view right) {
 }
 
 LSTATUS OpenSettingsKey(const std::wstring& subKey, UniqueRegistryKey& key) {
-    const std::string path = std::string(kRootPath) + AnsiFromWide(subKey);
+    const std::string path = std::string(kRegistryRoot) + AnsiFromWide(subKey);
     return RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, key.put());
-}
-
-// Like the registry, and so the component, none of this tells letters of different case apart.
-bool IsPassword(std::string_view name) {
-    return EndsWithIgnoringCase(name, "Password") || EndsWithIgnoringCase(name, "Pwd");
 }
 
 std::string Utf8FromAnsi(std::string_view text) {
@@ -51,6 +46,11 @@ std::optional<std::int32_t> Number(DWORD type, std::string_view data) {
     std::int32_t number = 0;
     std::memcpy(&number, data.data(), sizeof number);
     return number;
+}
+
+bool GoesOnBehindZero(DWORD type, std::string_view data) {
+    return type == REG_SZ &&
+           data.find_first_not_of('\0', WithoutTerminator(data).size()) != std::string_view::npos;
 }
 
 std::string Display(std::string_view name, DWORD type, std::string_view data) {
@@ -83,9 +83,15 @@ std::optional<StoredSetting> ReadValue(HKEY key, DWORD index) {
         }
         const std::string shownName = Utf8FromAnsi({name.data(), nameSize});
         const std::string_view value{data.data(), dataSize};
-        return StoredSetting{.name = shownName,
-                             .display = Display(shownName, type, value),
-                             .number = IsPassword(shownName) ? std::nullopt : Number(type, value)};
+        const bool isText = type == REG_SZ && !IsPassword(shownName);
+        return StoredSetting{
+            .name = shownName,
+            .display = Display(shownName, type, value),
+            .number = IsPassword(shownName) ? std::nullopt : Number(type, value),
+            .text = isText ? std::optional(Utf8FromAnsi(WithoutTerminator(value))) : std::nullopt,
+            .type = type,
+            .size = value.size(),
+            .hasZero = GoesOnBehindZero(type, value)};
     }
 }
 
@@ -156,7 +162,7 @@ bool SettingsKeyIsThere(const std::wstring& subKey) {
 }
 
 std::string NameOfSettingsKey(const std::wstring& subKey) {
-    std::string name = "HKEY_CURRENT_USER\\" + std::string(kRootPath) + Utf8FromWide(subKey);
+    std::string name = "HKEY_CURRENT_USER\\" + std::string(kRegistryRoot) + Utf8FromWide(subKey);
     if (name.ends_with('\\')) name.pop_back();
     return name;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -14,7 +15,11 @@ namespace vmk {
 struct StoredSetting {
     std::string name;                         // UTF-8
     std::string display;                      // UTF-8: a decimal number, or a text in quotes
-    std::optional<std::int32_t> number = {};  // of a value that is one
+    std::optional<std::int32_t> number = {};  // of a value that is one, and of no password
+    std::optional<std::string> text = {};     // UTF-8; the same
+    std::uint32_t type = 0;                   // of the registry
+    std::size_t size = 0;                     // bytes
+    bool hasZero = false;                     // a text that goes on behind its first zero
 };
 
 // What the key holds at this moment, sorted by name without regard to case; nothing when there is no such
