@@ -67,16 +67,21 @@ class Progress {
   public:
     explicit Progress(std::size_t whole) : m_whole(whole), m_isShown(ErrorsGoToTerminal()) {}
     ~Progress() {
-        if (m_isShown) WriteError("\r\x1b[K");
+        // Not every console knows how to clear a line.
+        if (m_isShown) WriteError("\r" + std::string(LineOf(m_whole).size(), ' ') + "\r");
     }
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
     void Show(std::size_t done) const {
-        if (m_isShown) WriteError("\r" + std::to_string(done) + " of " + std::to_string(m_whole) + " keys");
+        if (m_isShown) WriteError("\r" + LineOf(done));
     }
 
   private:
+    std::string LineOf(std::size_t done) const {
+        return std::to_string(done) + " of " + std::to_string(m_whole) + " keys";
+    }
+
     std::size_t m_whole;
     bool m_isShown;
 };
