@@ -44,6 +44,24 @@ bool IsConsole(HANDLE handle) {
     return GetConsoleMode(handle, &mode) != FALSE;
 }
 
+// Text on a console is red until the end.
+class RedText {
+  public:
+    explicit RedText(HANDLE handle) : m_handle(handle) {
+        const bool unwanted = GetEnvironmentVariableW(L"NO_COLOR", nullptr, 0) != 0;
+        m_isRed = !unwanted && GetConsoleScreenBufferInfo(handle, &m_before) != FALSE;
+        if (m_isRed) SetConsoleTextAttribute(handle, FOREGROUND_RED | FOREGROUND_INTENSITY);
+    }
+    void End() const {
+        if (m_isRed) SetConsoleTextAttribute(m_handle, m_before.wAttributes);
+    }
+
+  private:
+    HANDLE m_handle;
+    CONSOLE_SCREEN_BUFFER_INFO m_before{};
+    bool m_isRed = false;
+};
+
 DWORD Write(DWORD stream, std::string_view text) {
     HANDLE handle = GetStdHandle(stream);
     return IsConsole(handle) ? WriteToConsole(handle, WideFromUtf8(text)) : WriteToFile(handle, text);
@@ -61,6 +79,13 @@ void WriteOutput(std::string_view text) {
 
 void WriteError(std::string_view text) {
     Write(STD_ERROR_HANDLE, text);
+}
+
+void WriteFailure(std::string_view text) {
+    const RedText red(GetStdHandle(STD_ERROR_HANDLE));
+    WriteError("vmkprefs: ");
+    red.End();
+    WriteError(std::string(text) + "\n");
 }
 
 bool ErrorsGoToTerminal() {

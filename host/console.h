@@ -11,6 +11,9 @@ void WriteOutput(std::string_view text);
 // The same to standard error, of whose failure nobody can be told.
 void WriteError(std::string_view text);
 
+// The one line of a failure, behind the program's name, which is red on a console unless NO_COLOR is set.
+void WriteFailure(std::string_view text);
+
 // Whether somebody looks on while standard error is written.
 bool ErrorsGoToTerminal();
 

@@ -25,7 +25,7 @@ extern "C" int wmain(int argc, wchar_t** argv) {
     try {
         return Run({argv + 1, argv + argc});
     } catch (const std::exception& error) {
-        vmk::WriteError("vmkprefs: " + std::string(error.what()) + "\n");
+        vmk::WriteFailure(error.what());
         return vmk::kExitFailure;
     }
 }
