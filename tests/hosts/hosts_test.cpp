@@ -46,6 +46,7 @@ std::vector<Host> AllHosts() {
          .title = L"Edited by JScript",
          .knowsTheResult = false},
         {"Cpp", Quoted(BuiltPath(L"cpp/edit.exe")), L"Edited by C++"},
+        {"CppWithAClass", Quoted(BuiltPath(L"cpp/edit_with_class.exe")), L"Edited by a C++ class"},
         {.name = "CppWithoutRegistration",
          .command = Quoted(BuiltPath(L"registration_free/edit.exe")),
          .title = L"Edited by C++",
