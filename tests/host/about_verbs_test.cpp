@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <regex>
 #include <string>
 
@@ -93,7 +94,8 @@ TEST(VmkprefsLanguages, NeedAFolder) {
 std::string BuildIdIn(const std::string& file) {
     const std::size_t start = file.find("RSDS") + 4;
     std::string id;
-    for (const std::size_t place : {3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15}) {
+    for (const std::size_t place :
+         std::to_array<std::size_t>({3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15})) {
         char digits[3] = {};
         std::snprintf(digits, sizeof digits, "%02x", static_cast<unsigned char>(file[start + place]));
         id += digits;
