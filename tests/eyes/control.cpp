@@ -91,6 +91,17 @@ std::wstring TextOf(HWND window) {
     return WindowText(window);
 }
 
+std::vector<std::wstring> ItemsOf(HWND combo) {
+    std::vector<std::wstring> items;
+    const auto count = SendMessageW(combo, CB_GETCOUNT, 0, 0);
+    for (WPARAM index = 0; static_cast<LRESULT>(index) < count; ++index) {
+        std::wstring text(static_cast<std::size_t>(SendMessageW(combo, CB_GETLBTEXTLEN, index, 0)), L'\0');
+        SendMessageW(combo, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text.data()));
+        items.push_back(std::move(text));
+    }
+    return items;
+}
+
 RECT PlaceIn(HWND window, HWND view) {
     RECT place{};
     GetWindowRect(window, &place);

@@ -53,6 +53,8 @@ std::vector<HWND> ContainersOf(HWND view, HWND except = nullptr);
 
 ControlKind KindOf(HWND window);
 std::wstring TextOf(HWND window);
+// Of a list that drops down.
+std::vector<std::wstring> ItemsOf(HWND combo);
 // A window's place in pixels of another one's client area.
 RECT PlaceIn(HWND window, HWND view);
 

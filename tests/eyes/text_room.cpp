@@ -123,17 +123,6 @@ Room OfLabel(const Control& control, const Pen& pen) {
             .has = client};
 }
 
-std::vector<std::wstring> ItemsOf(HWND combo) {
-    std::vector<std::wstring> items;
-    const auto count = SendMessageW(combo, CB_GETCOUNT, 0, 0);
-    for (WPARAM index = 0; static_cast<LRESULT>(index) < count; ++index) {
-        std::wstring text(static_cast<std::size_t>(SendMessageW(combo, CB_GETLBTEXTLEN, index, 0)), L'\0');
-        SendMessageW(combo, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text.data()));
-        items.push_back(std::move(text));
-    }
-    return items;
-}
-
 // What is left of the list's width beside its frame and its scroll bar, which it may need.
 int DroppedRoom(HWND combo) {
     return static_cast<int>(SendMessageW(combo, CB_GETDROPPEDWIDTH, 0, 0)) -

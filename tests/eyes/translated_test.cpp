@@ -28,17 +28,6 @@ bool IsTranslated(const std::wstring& text) {
     return text.starts_with(L'[');
 }
 
-std::vector<std::wstring> ItemsOf(HWND list) {
-    std::vector<std::wstring> items;
-    const auto count = SendMessageW(list, CB_GETCOUNT, 0, 0);
-    for (WPARAM index = 0; static_cast<LRESULT>(index) < count; ++index) {
-        std::wstring text(static_cast<std::size_t>(SendMessageW(list, CB_GETLBTEXTLEN, index, 0)), L'\0');
-        SendMessageW(list, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text.data()));
-        items.push_back(std::move(text));
-    }
-    return items;
-}
-
 // The texts of a control that are nobody's own, those of hidden controls included.
 std::vector<std::wstring> TextsOf(HWND control) {
     switch (KindOf(control)) {

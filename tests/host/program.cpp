@@ -1,7 +1,9 @@
 #include "tests/host/program.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "base/handle.h"
@@ -106,6 +108,14 @@ ProgramRun RunningVmkprefs::Finish() {
 
 ProgramRun RunVmkprefs(const std::wstring& arguments, HANDLE output) {
     return RunningVmkprefs(arguments, output).Finish();
+}
+
+void ExpectFailure(const ProgramRun& run, const std::string& words) {
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.output, "");
+    EXPECT_THAT(run.error, testing::StartsWith("vmkprefs: "));
+    EXPECT_THAT(run.error, testing::HasSubstr(words));
+    EXPECT_EQ(std::ranges::count(run.error, '\n'), 1) << run.error;
 }
 
 }  // namespace vmk::test

@@ -36,6 +36,9 @@ class RunningVmkprefs {
 // Runs it from start to end.
 ProgramRun RunVmkprefs(const std::wstring& arguments, HANDLE output = nullptr);
 
+// Status 2, nothing on standard output, and one line on standard error with these words.
+void ExpectFailure(const ProgramRun& run, const std::string& words);
+
 // The folder of vmkprefs.exe and vmkctrl.dll, ending with a backslash.
 std::wstring ArtifactFolder();
 

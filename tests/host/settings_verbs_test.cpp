@@ -36,14 +36,6 @@ ProgramRun RunWithKey(const wchar_t* command, const ScratchKey& key, const std::
     return RunVmkprefs(std::wstring(command) + L" --key" + Quoted(key.SubKey()) + rest);
 }
 
-void ExpectFailure(const ProgramRun& run, const std::string& words) {
-    EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.output, "");
-    EXPECT_THAT(run.error, StartsWith("vmkprefs: "));
-    EXPECT_THAT(run.error, HasSubstr(words));
-    EXPECT_EQ(std::ranges::count(run.error, '\n'), 1) << run.error;
-}
-
 void ExpectDone(const ProgramRun& run) {
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.error, "");

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 
 #include "tests/host/program.h"
@@ -13,21 +12,11 @@ namespace vmk::test {
 namespace {
 
 using testing::HasSubstr;
-using testing::StartsWith;
 
 constexpr const wchar_t* kServerKey = L"CLSID\\{2EE01CFA-139F-431E-BB1D-5E56B4DCEC18}\\InprocServer32";
 
 std::wstring WithKey(const wchar_t* command, const ScratchKey& key) {
     return std::wstring(command) + L" --key \"" + key.SubKey() + L"\" ";
-}
-
-// Status 2, nothing on standard output and one line on standard error.
-void ExpectFailure(const ProgramRun& run, const std::string& words) {
-    EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.output, "");
-    EXPECT_THAT(run.error, StartsWith("vmkprefs: "));
-    EXPECT_THAT(run.error, HasSubstr(words));
-    EXPECT_EQ(std::ranges::count(run.error, '\n'), 1) << run.error;
 }
 
 std::wstring RegisteredServer() {
