@@ -163,10 +163,7 @@ int Import(const CommandLine& line) {
         return kExitDone;
     }
     if (!line.list.empty()) return ImportIntoList(document, line.list);
-    SettingsChange change;
-    change.Store(document, line.key);
-    change.Commit();
-    WarnOfLostTexts(document);
+    StoreSettings(document, line.key);
     return kExitDone;
 }
 

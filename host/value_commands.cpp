@@ -104,10 +104,7 @@ int Get(const CommandLine& line) {
 int Set(const CommandLine& line) {
     Document document;
     for (const std::wstring& assignment : line.operands) ReadAssignment(assignment, line.force, document);
-    SettingsChange change;
-    change.Store(document, line.key);
-    change.Commit();
-    WarnOfLostTexts(document);
+    StoreSettings(document, line.key);
     return kExitDone;
 }
 
@@ -180,6 +177,13 @@ void WarnOfLostTexts(const Document& document) {
         WriteError("vmkprefs: warning: " + std::string(setting->name) + ": a host reads " +
                    Shown(*setting, read) + ", since the ANSI code page does not hold the text\n");
     }
+}
+
+void StoreSettings(const Document& document, const std::wstring& subKey) {
+    SettingsChange change;
+    change.Store(document, subKey);
+    change.Commit();
+    WarnOfLostTexts(document);
 }
 
 }  // namespace vmk

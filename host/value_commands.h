@@ -24,4 +24,7 @@ std::string FormatDifferences(const std::vector<Difference>& differences, const 
 // Tells, on standard error, of each text that the ANSI code page cannot hold.
 void WarnOfLostTexts(const Document& document);
 
+// Stores settings in a key, all or none, and warns of those texts.
+void StoreSettings(const Document& document, const std::wstring& subKey);
+
 }  // namespace vmk
