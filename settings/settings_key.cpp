@@ -30,10 +30,7 @@ bool IsPossible(std::wstring_view subKey) {
 std::optional<std::string> SettingsKeyPath(std::wstring_view subKey) {
     if (subKey.size() >= kNoSubKeyFrom) return kRegistryRoot;
     if (!IsPossible(subKey)) return std::nullopt;
-    const std::string narrow = Narrow(subKey, CP_THREAD_ACP);
-    // The root holds the settings of another key.
-    if (narrow.empty() && !subKey.empty()) return std::nullopt;
-    return kRegistryRoot + narrow;
+    return kRegistryRoot + Narrow(subKey, CP_THREAD_ACP);
 }
 
 SettingsKey OpenSettingsKey(const wchar_t* subKey, KeyAccess access) {

@@ -106,27 +106,30 @@ TEST_F(MethodWithAFault, StoreLeavesOutNoMoreThanTheTextThatItIsMissingFor) {
         FailEachCall(function, store, [](bool) {});
 }
 
-// A key whose name cannot be converted is not the root key.
-TEST_F(MethodWithAFault, ReachesNoOtherKeyThanTheOneThatIsNamed) {
-    const auto inRootKey = [this] {
-        const auto object = m_module.CreatePreferences();
-        object->InitFromRegistry(AllPages, nullptr);
-        return RecordOf(*object);
-    };
+TEST_F(MethodWithAFault, TakesASubKeyThatCannotBeConvertedForNone) {
+    const RootSettings root;
     const ScratchSettings key;
     const AutomationString name(key.SubKey());
-    const PrinterSettings root = inRootKey();
-    PrinterSettings held = Changed();
-    held.Info.Title = root.Info.Title + L"!";
-    Load(*m_object, held);
-    FailEachCall(
-        "WideCharToMultiByte", [&] { return m_object->StoreInRegistry(AllPages, name.get()); },
-        [&](bool) { EXPECT_EQ(inRootKey(), root); });
     const PrinterSettings named = AsStored(PrinterSettings());
-    key.Store(named);
-    FailEachCall(
-        "WideCharToMultiByte", [&] { return m_object->InitFromRegistry(AllPages, name.get()); },
-        [&](bool failed) { EXPECT_EQ(RecordOf(*m_object), failed ? held : named); });
+    for (const long call : {1, 2}) {
+        SCOPED_TRACE(call);
+        key.Store(named);
+        RootSettings::Store(named);
+        Load(*m_object, Changed());
+        m_faults.Fail({.function = "WideCharToMultiByte", .first = call});
+        EXPECT_EQ(m_object->StoreInRegistry(AllPages, name.get()), S_OK);
+        m_faults.Stop();
+        EXPECT_TRUE(m_faults.HaveFailed());
+        EXPECT_EQ(RootSettings::Load(), Changed());
+        EXPECT_EQ(key.Load(), named);
+
+        Load(*m_object, named);
+        m_faults.Fail({.function = "WideCharToMultiByte", .first = call});
+        EXPECT_EQ(m_object->InitFromRegistry(AllPages, name.get()), S_OK);
+        m_faults.Stop();
+        EXPECT_TRUE(m_faults.HaveFailed());
+        EXPECT_EQ(RecordOf(*m_object), Changed());
+    }
 }
 
 TEST(TypeDescriptionWithAFault, IsNoneWhereTheFileOfTheModuleCannotBeFound) {

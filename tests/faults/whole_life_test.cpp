@@ -230,6 +230,8 @@ class WholeLife : public testing::TestWithParam<Ending> {
                    Complaints& complaints) {
         const ScratchSettings key;
         key.Store(m_stored);
+        // A sub-key that cannot be converted is taken for the root.
+        RootSettings::Store(m_loaded);
         complaints.ExpectSame("InitFromRegistry", object.InitFromRegistry(AllPages, m_loadedName.get()),
                               S_OK);
         complaints.ExpectSame("EnablePage", object.EnablePage(AllPages), S_OK);
@@ -265,6 +267,7 @@ class WholeLife : public testing::TestWithParam<Ending> {
     const LanguageFolder m_german{{{L"OK", L"Gut"}, {L"Cancel", L"Abbrechen"}, {L"Watermarks", L"Wasser"}}};
     const PrinterSettings m_stored = AsStored(ChangedSettings());  // what stands in the registry before
     const ScratchSettings m_loadedFrom;
+    const RootSettings m_root;
     const AutomationString m_loadedName{m_loadedFrom.SubKey()};
     const ComApartment m_apartment;
     long m_lives = 0;

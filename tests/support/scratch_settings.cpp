@@ -16,6 +16,16 @@ PrinterSettings ScratchSettings::Load() const {
     return settings;
 }
 
+void RootSettings::Store(const PrinterSettings& settings) {
+    StoreToRegistry(page_bit::kAllPages, nullptr, settings);
+}
+
+PrinterSettings RootSettings::Load() {
+    PrinterSettings settings;
+    LoadFromRegistry(page_bit::kAllPages, nullptr, settings);
+    return settings;
+}
+
 PrinterSettings RecordOf(IPdfPrinterPreferences& object) {
     const ScratchSettings copy;
     object.StoreInRegistry(AllPages, AutomationString(copy.SubKey()).get());

@@ -22,6 +22,21 @@ class ScratchSettings : public ScratchKey {
     PrinterSettings Load() const;
 };
 
+// The key that holds the settings of no sub-key. It is as it was afterwards.
+class RootSettings {
+  public:
+    RootSettings() : m_before(Load()) {}
+    ~RootSettings() { Store(m_before); }
+    RootSettings(const RootSettings&) = delete;
+    RootSettings& operator=(const RootSettings&) = delete;
+
+    static void Store(const PrinterSettings& settings);
+    static PrinterSettings Load();
+
+  private:
+    PrinterSettings m_before;
+};
+
 // The record of an object, read by way of the registry.
 PrinterSettings RecordOf(IPdfPrinterPreferences& object);
 // Has an object load a record by way of the registry.
