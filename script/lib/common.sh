@@ -13,11 +13,13 @@ die() {
     exit 1
 }
 
-# configure PRESET: runs CMake for the preset unless its build files are there already (Ninja keeps them fresh).
-configure() {
-    [ -f "build/$1/build.ninja" ] || cmake --preset "$1" >"build/$1.configure.log" 2>&1 || {
+# configure PRESET: runs CMake for the preset unless its build files are there already (Ninja keeps them fresh). Of two
+# commands that want the same at the same time, one waits.
+configure() (
+    flock 9
+    [ -f "build/$1/build.ninja" ] || cmake --preset "$1" >"build/$1.configure.log" 2>&1 9>&- || {
         cat "build/$1.configure.log" >&2
         die "cmake --preset $1 failed"
     }
-}
+) 9>"build/$1.configure.lock"
 mkdir -p build
