@@ -5,7 +5,7 @@ build=$1
 sources=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
 commands=$(ninja -C "$build" -t commands artifacts)
-names=(vmkctrl.dll vmkprefs.exe)
+names=(vmkctrl.dll vmkprefs.exe vmkctrl.h vmkctrl.tlb vmkctrl.idl)
 for language in "$sources"/languages/*.txt; do
     names+=("languages/$(basename "$language" .txt).vlf")
 done
