@@ -13,6 +13,7 @@
 #include "tests/support/command.h"
 #include "tests/support/loaded_module.h"
 #include "tests/support/scratch_key.h"
+#include "tests/support/scratch_settings.h"
 #include "tests/support/wait.h"
 #include "tests/support/window_search.h"
 
@@ -28,6 +29,8 @@ struct Host {
     bool isRegistrationFree = false;
     bool knowsTheResult = true;  // JScript cannot hand over a variable
 };
+
+constexpr const wchar_t* kOwnTitle = L"Vellumark 3.0 Printing Preferences";
 
 void PrintTo(const Host& host, std::ostream* stream) {
     *stream << host.name;
@@ -80,25 +83,33 @@ DWORD WINAPI UseDialog(void* parameter) {
     return 0;
 }
 
+void Register() {
+    WipeRegistration();
+    ASSERT_EQ(LoadedModule().RegisterServer(), S_OK);
+}
+
+// What the command prints while a user changes a setting and presses the button.
+std::string EditAndPress(const std::wstring& command, const wchar_t* title, WORD button) {
+    User user = {.title = title, .button = button};
+    HANDLE thread = CreateThread(nullptr, 0, UseDialog, &user, 0, nullptr);
+    std::string printed = OutputOf(command);
+    WaitForSingleObject(thread, INFINITE);
+    CloseHandle(thread);
+    return printed;
+}
+
 class ExampleHosts : public testing::TestWithParam<Host> {
   protected:
     void SetUp() override {
         WipeRegistration();
-        if (!GetParam().isRegistrationFree) {
-            ASSERT_EQ(LoadedModule().RegisterServer(), S_OK);
-        }
+        if (!GetParam().isRegistrationFree) Register();
         m_key.SetNumber("Watermarks.Print", 0);
     }
     void TearDown() override { WipeRegistration(); }
 
     // What the host prints.
-    std::string EditAndPress(WORD button) const {
-        User user = {.title = GetParam().title, .button = button};
-        HANDLE thread = CreateThread(nullptr, 0, UseDialog, &user, 0, nullptr);
-        std::string printed = OutputOf(GetParam().command + L" " + Quoted(m_key.SubKey()));
-        WaitForSingleObject(thread, INFINITE);
-        CloseHandle(thread);
-        return printed;
+    std::string Press(WORD button) const {
+        return EditAndPress(GetParam().command + L" " + Quoted(m_key.SubKey()), GetParam().title, button);
     }
 
     ComApartment m_apartment;
@@ -106,16 +117,58 @@ class ExampleHosts : public testing::TestWithParam<Host> {
 };
 
 TEST_P(ExampleHosts, StoreWhatTheUserHasChangedWithOk) {
-    EXPECT_EQ(EditAndPress(IDOK), GetParam().knowsTheResult ? "exit code 1\n" : "stored\n");
+    EXPECT_EQ(Press(IDOK), GetParam().knowsTheResult ? "exit code 1\n" : "stored\n");
     EXPECT_EQ(m_key.Number("Watermarks.Print"), 1);
 }
 
 TEST_P(ExampleHosts, LeaveTheSettingAsItWasAfterCancel) {
-    EXPECT_EQ(EditAndPress(IDCANCEL), GetParam().knowsTheResult ? "exit code 2\n" : "stored\n");
+    EXPECT_EQ(Press(IDCANCEL), GetParam().knowsTheResult ? "exit code 2\n" : "stored\n");
     EXPECT_EQ(m_key.Number("Watermarks.Print"), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(InEachLanguage, ExampleHosts, testing::ValuesIn(AllHosts()),
+                         [](const auto& each) { return each.param.name; });
+
+struct Sample {
+    const char* name;
+    std::wstring command;
+};
+
+void PrintTo(const Sample& sample, std::ostream* stream) {
+    *stream << sample.name;
+}
+
+std::vector<Sample> Samples() {
+    return {{"VBScript", L"cscript //nologo " + Quoted(BuiltPath(L"samples/edit.vbs"))},
+            {"JScript", L"cscript //nologo " + Quoted(BuiltPath(L"samples/edit.js"))},
+            {"Cpp", Quoted(BuiltPath(L"samples/cpp/edit.exe"))},
+            {"Pascal", Quoted(BuiltPath(L"samples/pascal/edit.exe"))}};
+}
+
+// The samples edit the root key.
+class SamplesOfTheDocumentation : public testing::TestWithParam<Sample> {
+  protected:
+    void SetUp() override {
+        Register();
+        RootSettings::Store(PrinterSettings());
+    }
+    void TearDown() override { WipeRegistration(); }
+
+    ComApartment m_apartment;
+    RootSettings m_root;
+};
+
+TEST_P(SamplesOfTheDocumentation, StoreWhatTheUserHasChangedWithOk) {
+    EXPECT_EQ(EditAndPress(GetParam().command, kOwnTitle, IDOK), "");
+    EXPECT_EQ(RootSettings::Load().Watermarks.Print, 1);
+}
+
+TEST_P(SamplesOfTheDocumentation, LeaveTheSettingAsItWasAfterCancel) {
+    EXPECT_EQ(EditAndPress(GetParam().command, kOwnTitle, IDCANCEL), "");
+    EXPECT_EQ(RootSettings::Load().Watermarks.Print, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(InEachLanguage, SamplesOfTheDocumentation, testing::ValuesIn(Samples()),
                          [](const auto& each) { return each.param.name; });
 
 TEST(HostInCpp, SaysWhatIsMissingWhenTheComponentIsNotRegistered) {
