@@ -94,8 +94,10 @@ std::string Growth::Found() const {
 
 std::string Growth::FoundBeyond(const Growth& control) const {
     std::string found;
-    for (const Counter& counter : kCounters)
-        found += Complaint(counter.name, Of(counter.name) - control.Of(counter.name));
+    for (const Counter& counter : kCounters) {
+        const Slope beyond = Of(counter.name) - control.Of(counter.name);
+        if (beyond.perThousand > 0) found += Complaint(counter.name, beyond);
+    }
     return found;
 }
 

@@ -45,7 +45,8 @@ class Growth {
 
     // One "counter: slope" for each counter that grows or shrinks; empty when all are flat.
     std::string Found() const;
-    // The same beyond what a control run grows.
+    // One for each counter that grows more than in a control run. One that grows less is the system's: it
+    // gives back a device context with each dialog for as long as it has many from busier times.
     std::string FoundBeyond(const Growth& control) const;
 
     // Prints the slope of each counter.

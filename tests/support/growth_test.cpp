@@ -44,6 +44,7 @@ TEST(GrowthOverCycles, OfTheControlRunIsNotCounted) {
     EXPECT_EQ(growth.FoundBeyond(growth), "");
     const Growth less = Of([](std::size_t cycle) { return 74 * cycle; });
     EXPECT_EQ(growth.FoundBeyond(less), "handles: 1000.000 +- 0.000 per 1,000\n");
+    EXPECT_EQ(less.FoundBeyond(growth), "");
 }
 
 TEST(GrowthOverCycles, TakesMoreThanTwoNotes) {
