@@ -33,17 +33,26 @@ int Hangs(int number) {
     while (number > 0) --number;
     return number;
 }
+template <int length>
+int LengthOf(const int (&)[length]) {
+    return length;
+}
+int Room() {
+    int room[2] = {};
+    return LengthOf(room);
+}
 END
 cat >project/limits_test.cpp <<'END'
 bool IsHeld(int number);
 bool IsHeldInPart(int number);
 int Step();
 int Hangs(int number);
+int Room();
 
 int main() {
     const bool held = IsHeld(9) && !IsHeld(10) && !IsHeld(11);
     const bool heldInPart = IsHeldInPart(0) && !IsHeldInPart(100);
-    return held && heldInPart && Step() == 3 && Hangs(2) == 0 ? 0 : 1;
+    return held && heldInPart && Step() == 3 && Hangs(2) == 0 && Room() == 2 ? 0 : 1;
 }
 END
 before=$(cat project/* | sha256sum)
@@ -53,7 +62,7 @@ says() { tr -s ' ' <output | grep -qF -- "$1" || fail "'$1' is missing: $(cat ou
 says_nothing_of() { if grep -qF -- "$1" output; then fail "'$1' is said: $(cat output)"; fi; }
 
 # A bound that is tested, one that is not, a statement that no test reaches, a loop without an end; a constant of the
-# compiler is built by itself, and one of its neighbours does not compile.
+# compiler is built by itself, and so is the length of an array; one of their neighbours does not compile.
 # shellcheck disable=SC2016
 {
     refuses 'limits.cpp:8: survived: `<` becomes `<=`' mutate
@@ -61,7 +70,7 @@ says_nothing_of() { if grep -qF -- "$1" output; then fail "'$1' is said: $(cat o
     says_nothing_of 'limits.cpp:5:'
     says_nothing_of 'limits.cpp:1:'
     says_nothing_of 'limits.cpp:17:'
-    says 'all 17 1 10 0 6 62.5 %'
+    says 'all 19 1 12 0 6 66.7 %'
 }
 [ "$(cat project/*.* | sha256sum)" = "$before" ] || fail "the sources have changed"
 

@@ -186,7 +186,9 @@ class Run:
             full = (self.woven[0].folder / path).resolve()
             full = full if full.exists() else (self.woven[-1].folder / path).resolve()
             places[kind or "note"].add((os.path.relpath(full, source), int(line)))
-        return any(self.take_out_lines(places[kind]) for kind in ("error", "note"))
+        # Of an array whose length is switched it complains further down, where the length is used.
+        places["above"] = {(name, line - up) for name, line in places["error"] for up in range(1, 4)}
+        return any(self.take_out_lines(places[kind]) for kind in ("error", "note", "above"))
 
     def take_out_lines(self, places):
         before = sum(map(len, self.alone.values()))
