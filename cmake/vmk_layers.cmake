@@ -132,6 +132,25 @@ function(vmk_split_symbols target file)
     VERBATIM)
 endfunction()
 
+# vmk_define_version(TARGET)
+#
+# Gives the target's sources, resource scripts among them, the version in the four parts that Windows counts in: as
+# VMK_VERSION_NUMBERS with commas and as VMK_VERSION with dots.
+function(vmk_define_version target)
+  set(version ${PROJECT_VERSION}.0)
+  string(REPLACE "." "," numbers ${version})
+  target_compile_definitions(${target} PRIVATE "VMK_VERSION_NUMBERS=${numbers}" VMK_VERSION=${version})
+endfunction()
+
+# vmk_keep_link_map(TARGET FILE)
+#
+# Leaves the linker's account of what it has put into the file in FILE.map: packages say by it whose code they hold.
+function(vmk_keep_link_map target file)
+  if(MINGW)
+    target_link_options(${target} PRIVATE -Wl,-Map=${file}.map)
+  endif()
+endfunction()
+
 # vmk_add_tests(NAME SOURCES file... [LIBRARIES target...] [TIMEOUT seconds])
 #
 # One executable NAME_test of GoogleTest sources, and one ctest entry per source file, named NAME.<file without

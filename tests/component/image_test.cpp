@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <filesystem>
 #include <fstream>
@@ -15,8 +16,15 @@
 
 // The file itself: what it exports and imports, how it may be loaded, and what it says about itself.
 
+#define QUOTED(text) L## #text
+#define QUOTED_VALUE(name) QUOTED(name)
+
 namespace vmk::test {
 namespace {
+
+// What the build says that the version is.
+constexpr const wchar_t* kVersion = QUOTED_VALUE(VMK_VERSION);
+constexpr std::array<DWORD, 4> kVersionNumbers{VMK_VERSION_NUMBERS};
 
 // The headers and tables of an image that the system has loaded.
 class Image {
@@ -146,8 +154,8 @@ class VersionBlock : public testing::Test {
 
 TEST_F(VersionBlock, NamesMakerProductAndVersion) {
     EXPECT_EQ(Text(L"CompanyName"), L"Orrin Systems");
-    EXPECT_EQ(Text(L"FileVersion"), L"3.0.0.0");
-    EXPECT_EQ(Text(L"ProductVersion"), L"3.0.0.0");
+    EXPECT_EQ(Text(L"FileVersion"), kVersion);
+    EXPECT_EQ(Text(L"ProductVersion"), kVersion);
     EXPECT_EQ(Text(L"OriginalFilename"), L"vmkctrl.dll");
     EXPECT_EQ(Text(L"InternalName"), L"vmkctrl");
     EXPECT_EQ(Text(L"ProductName"), L"PDF Printer");
@@ -159,8 +167,8 @@ TEST_F(VersionBlock, HoldsTheVersionAsNumbers) {
     UINT length = 0;
     ASSERT_TRUE(VerQueryValueW(m_block.data(), L"\\", &data, &length));
     const auto* const fixed = static_cast<const VS_FIXEDFILEINFO*>(data);
-    EXPECT_EQ(fixed->dwFileVersionMS, 0x30000U);
-    EXPECT_EQ(fixed->dwFileVersionLS, 0U);
+    EXPECT_EQ(fixed->dwFileVersionMS, kVersionNumbers[0] << 16U | kVersionNumbers[1]);
+    EXPECT_EQ(fixed->dwFileVersionLS, kVersionNumbers[2] << 16U | kVersionNumbers[3]);
     EXPECT_EQ(fixed->dwFileType, static_cast<DWORD>(VFT_DLL));
 }
 
