@@ -54,6 +54,18 @@ refuses 'script needs /usr/bin/frobnicate,' check_script
 printf '#!/usr/bin/env python3\nimport subprocess\nsubprocess.run(["frobnicate", "-v"])\n' >script
 refuses 'script needs frobnicate,' check_script
 
+# What belongs to a program in Python need not be one itself.
+while read -r line; do
+    printf 'import subprocess, part\n%s\n' "$line" >part.py
+    refuses 'part.py needs frobnicate,' check --caches --scripts part.py
+done <<'END'
+output("frobnicate", "-v")
+part.output("frobnicate", part)
+subprocess.check_output(["frobnicate"])
+END
+printf 'part.output(1)\nother("frobnicate")\noutput("cmake")\n' >part.py
+passes check --caches --scripts part.py
+
 printf 'CMAKE_CXX_COMPILER:FILEPATH=/usr/bin/c++\nA_HOME:PATH=/usr/include\n' >CMakeCache.txt
 passes check_cache
 # Whether or not this machine has it, the list does not bring it.
