@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <string_view>
+
 #include "host/console.h"
 #include "host/document_file.h"
 #include "host/exit_status.h"
@@ -15,9 +17,10 @@
 namespace vmk {
 namespace {
 
-const SettingInfo& RequireSetting(const std::string& name) {
+const SettingInfo& RequireSetting(std::string_view name) {
     const SettingInfo* const setting = FindSetting(name);
-    if (!setting) throw Failure("there is no setting '" + name + "'; vmkprefs defaults lists them all");
+    if (!setting)
+        throw Failure("there is no setting '" + std::string(name) + "'; vmkprefs defaults lists them all");
     return *setting;
 }
 

@@ -46,6 +46,12 @@ CLI::Option* AddOperands(CLI::App& command, Typed& typed, const char* name, cons
     return command.add_option(name, typed.operands, help)->type_name("");
 }
 
+// One of several operands, each with a name of its own.
+void AddOperand(CLI::App& command, Typed& typed, const char* name, const char* help) {
+    const auto take = [&typed](const std::string& operand) { typed.operands.push_back(operand); };
+    command.add_option_function<std::string>(name, take, help)->type_name("")->required();
+}
+
 void DeclareEdit(CLI::App& command, Typed& typed) {
     AddKey(command, typed);
     command.add_option("--pages", typed.pages, "Pages to list, joined by commas (default: all)")
@@ -77,8 +83,9 @@ void DeclareSet(CLI::App& command, Typed& typed) {
     AddKey(command, typed);
     AddForce(command, typed);
     AddOperands(
-        command, typed, "NAME=VALUE",
-        "Settings and their values: a number in decimal or as 0x..., the English text of a choice, or a text")
+        command, typed, "ASSIGNMENT",
+        "NAME=VALUE: a setting and its value, which is a number in decimal or as 0x..., the English text "
+        "of a choice, or a text")
         ->required();
 }
 
@@ -93,15 +100,15 @@ void DeclareJsonAlone(CLI::App& command, Typed& typed) {
 }
 
 void DeclareCopy(CLI::App& command, Typed& typed) {
-    AddOperands(command, typed, "FROM TO", "Two sub-keys; . is the root key")->required()->expected(2);
+    AddOperand(command, typed, "FROM", "Sub-key to copy; . is the root key");
+    AddOperand(command, typed, "TO", "Sub-key to copy to");
 }
 
 void DeclareDiff(CLI::App& command, Typed& typed) {
     AddPasswords(command, typed);
     AddJson(command, typed);
-    AddOperands(command, typed, "A B", "Two sub-keys (. is the root key) or files (*.json, *.reg)")
-        ->required()
-        ->expected(2);
+    AddOperand(command, typed, "A", "A sub-key (. is the root key) or a file (*.json, *.reg)");
+    AddOperand(command, typed, "B", "Another one");
 }
 
 void DeclareValidate(CLI::App& command, Typed& typed) {
