@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The examples of the recipes in CONTRIBUTING.md still do what they say, on a copy of the sources: they apply, each
-# source that they touch compiles, the dialogs too, and the settings reference is as they leave it.
+# source that they touch compiles, the dialogs too, the settings reference is as they leave it, and the policies follow.
 #
 # recipes_test.sh FOLDER --whole also builds the DLL and runs the tests that the examples add, in some minutes.
 # shellcheck source=tests/script/support.sh
@@ -29,7 +29,10 @@ for source in "${sources[@]}"; do
     objects+=("${source%%/*}/CMakeFiles/vmk_${source%%/*}.dir/${source#*/}.obj")
 done
 [ "${#objects[@]}" -gt 2 ] || fail "the recipes touch no pages: ${objects[*]}"
-passes ninja -C build/release "${objects[@]}" resources/all
+passes ninja -C build/release "${objects[@]}" resources/all policy
+for name in Watermarks_Opacity Stamps_Print; do
+    passes grep "\"$name\"" build/release/policy/{vmkctrl.admx,en-US/vmkctrl.adml,de-DE/vmkctrl.adml}
+done
 
 [ "${2:-}" = --whole ] || exit 0
 passes cmake --build --preset release --target vmkctrl pages_test settings_test

@@ -1,7 +1,9 @@
 #include "tools/policy/policy_definitions.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <stdexcept>
 #include <variant>
 
@@ -23,6 +25,20 @@ constexpr std::string_view kHead = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n
 constexpr std::string_view kGenerated = "<!-- Made from the settings of vmkctrl; do not edit. -->\n";
 // The one element of a policy that has one.
 constexpr std::string_view kElement = "Value";
+
+// A new setting is made a policy, or left out for a reason.
+consteval bool EverySettingIsInOneTable() {
+    bool isSo = true;
+    std::size_t count = 0;
+    WalkFields(page_bit::kAllPages, [&](std::string_view name) {
+        const auto rows = std::ranges::count(kPolicyNames, name, &PolicyName::setting) +
+                          std::ranges::count(kNoPolicies, name, &NoPolicy::setting);
+        isSo = isSo && rows == 1;
+        ++count;
+    });
+    return isSo && count == std::size(kPolicyNames) + std::size(kNoPolicies);
+}
+static_assert(EverySettingIsInOneTable(), "each setting belongs into one of the tables of policies.h");
 
 // What a policy sets its value to.
 enum class Kind { Switch, Choice, Number, Text };
