@@ -155,7 +155,7 @@ int PrintDialog() {
 
 class Hive {
   public:
-    explicit Hive(const std::wstring& name) : m_name(name) {
+    explicit Hive(const std::wstring& name) {
         Check(RegCreateKeyExW(HKEY_USERS, name.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_hive,
                               nullptr));
         Check(RegOverridePredefKey(HKEY_CURRENT_USER, m_hive));
@@ -192,7 +192,6 @@ class Hive {
         if (status != ERROR_SUCCESS) throw std::runtime_error("the registry refuses a hive");
     }
 
-    std::wstring m_name;
     HKEY m_hive = nullptr;
 };
 
@@ -206,6 +205,10 @@ std::vector<std::wstring> RegistryFiles(const std::wstring& folder) {
     FindClose(search);
     std::ranges::sort(names);
     return names;
+}
+
+std::wstring HiveOf(const std::wstring& file) {
+    return file.substr(0, file.rfind(L'.'));
 }
 
 double Milliseconds() {
@@ -235,7 +238,7 @@ int TryHives(const std::wstring& folder) {
     for (const std::wstring& name : names) {
         const double begin = Milliseconds();
         const DocumentFile file = ReadDocumentFile(folder + L"\\" + name, Strictness::Strict);
-        const Hive hive(name.substr(0, name.size() - 4));
+        const Hive hive(HiveOf(name));
         Hive::Apply(file.document);
         const auto object = module.CreatePreferences();
         const std::string complaint =
@@ -246,6 +249,8 @@ int TryHives(const std::wstring& folder) {
         }
         std::printf("%s %.3f\n", Utf8FromWide(name).c_str(), Milliseconds() - begin);
     }
+    // All of them are there until then, as on a server that many users are logged on to.
+    for (const std::wstring& name : names) RegDeleteTreeW(HKEY_USERS, HiveOf(name).c_str());
     return wrong == 0 ? 0 : 1;
 }
 
