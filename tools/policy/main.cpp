@@ -52,7 +52,8 @@ Arguments ReadArguments(const std::vector<std::string_view>& words) {
     // In the order of storing, which is that of the list that they point into.
     std::ranges::sort(arguments.values, {}, &policy::Assignment::first);
     const auto twice = std::ranges::adjacent_find(arguments.values, {}, &policy::Assignment::first);
-    if (twice != arguments.values.end()) throw policy::Refusal(std::string(twice->first->name) + " is named twice");
+    if (twice != arguments.values.end())
+        throw policy::Refusal(std::string(twice->first->name) + " is named twice");
     return arguments;
 }
 

@@ -60,9 +60,10 @@ Range RangeOfPolicy(const Setting& setting) {
     Range range = {.smallest = values.smallest, .largest = values.largest};
     for (const Choice& choice : values.choices) range.smallest = std::min(range.smallest, choice.value);
     const auto extra = static_cast<std::int64_t>(values.smallest) - range.smallest;
-    if (range.smallest < 0 || extra > static_cast<std::int64_t>(values.choices.size()))
+    if (range.smallest < 0 || extra > static_cast<std::int64_t>(values.choices.size())) {
         throw std::logic_error("the numbers of " + std::string(setting.name) +
                                " cannot be those of a policy");
+    }
     return range;
 }
 
@@ -96,24 +97,24 @@ bool HasPolicies(const GroupInfo& group) {
 // --- the language-neutral file
 
 std::string ElementOf(const Setting& setting) {
-    const std::string start =
-        " id=\"" + std::string(kElement) + "\" valueName=\"" + std::string(setting.name) + "\"";
+    const std::string start = Attribute("id", kElement) + Attribute("valueName", setting.name);
+    const std::string required = Attribute("required", "true");
     switch (KindOf(setting)) {
         case Kind::Choice: {
-            std::string element = "        <enum" + start + " required=\"true\">\n";
+            std::string element = "        <enum" + start + required + ">\n";
             for (const Choice& choice : setting.Numbers()->choices) {
-                element += "          <item displayName=\"" +
-                           StringReference(ValueIdentifier(setting, choice.value)) +
-                           "\"><value><decimal value=\"" + std::to_string(choice.value) +
-                           "\" /></value></item>\n";
+                element += "          <item" +
+                           Attribute("displayName", StringReference(ValueIdentifier(setting, choice.value))) +
+                           "><value><decimal" + Attribute("value", std::to_string(choice.value)) +
+                           " /></value></item>\n";
             }
             return element + "        </enum>\n";
         }
         case Kind::Number: {
             const Range range = RangeOfPolicy(setting);
-            return "        <decimal" + start + " required=\"true\" minValue=\"" +
-                   std::to_string(range.smallest) + "\" maxValue=\"" + std::to_string(range.largest) +
-                   "\" />\n";
+            return "        <decimal" + start + required +
+                   Attribute("minValue", std::to_string(range.smallest)) +
+                   Attribute("maxValue", std::to_string(range.largest)) + " />\n";
         }
         default:
             return "        <text" + start + " />\n";
@@ -123,23 +124,18 @@ std::string ElementOf(const Setting& setting) {
 std::string PolicyElement(const PolicyKey& key, const Setting& setting) {
     const std::string identifier = Identifier(setting.name);
     const bool isSwitch = KindOf(setting) == Kind::Switch;
-    std::string policy = "    <policy name=\"" + identifier + "\" class=\"User\" displayName=\"" +
-                         StringReference(identifier) + "\" explainText=\"" +
-                         StringReference(identifier + "_Help") + "\" key=\"" + Xml(key.Path()) + "\"";
-    if (isSwitch) {
-        policy += " valueName=\"" + std::string(setting.name) + "\"";
-    } else {
-        policy += " presentation=\"$(presentation." + identifier + ")\"";
-    }
-    policy += ">\n      <parentCategory ref=\"" + CategoryIdentifier(*setting.group) +
-              "\" />\n      <supportedOn ref=\"Supported\" />\n";
-    if (isSwitch) {
-        policy +=
-            "      <enabledValue><decimal value=\"1\" /></enabledValue>\n"
-            "      <disabledValue><decimal value=\"0\" /></disabledValue>\n";
-    } else {
-        policy += "      <elements>\n" + ElementOf(setting) + "      </elements>\n";
-    }
+    std::string policy = "    <policy" + Attribute("name", identifier) + Attribute("class", "User") +
+                         Attribute("displayName", StringReference(identifier)) +
+                         Attribute("explainText", StringReference(identifier + "_Help")) +
+                         Attribute("key", key.Path());
+    policy += isSwitch ? Attribute("valueName", setting.name)
+                       : Attribute("presentation", "$(presentation." + identifier + ")");
+    policy += ">\n      <parentCategory" + Attribute("ref", CategoryIdentifier(*setting.group)) +
+              " />\n      <supportedOn" + Attribute("ref", "Supported") + " />\n";
+    policy += isSwitch ? "      <enabledValue><decimal" + Attribute("value", "1") +
+                             " /></enabledValue>\n      <disabledValue><decimal" + Attribute("value", "0") +
+                             " /></disabledValue>\n"
+                       : "      <elements>\n" + ElementOf(setting) + "      </elements>\n";
     return policy + "    </policy>\n";
 }
 
@@ -159,9 +155,10 @@ class Texts {
         std::string presentations;
         strings += String("Category", CategoryName());
         strings += String("Supported", m_translation.Of("Vellumark 3.0 on 64-bit Windows"));
-        for (const GroupInfo& group : kGroupInfos)
+        for (const GroupInfo& group : kGroupInfos) {
             if (HasPolicies(group))
                 strings += String(CategoryIdentifier(group), m_translation.Of(group.name));
+        }
         for (const PolicyName& policy : kPolicyNames) {
             const Setting& setting = SettingOf(policy);
             const std::string name = m_translation.Of(policy.name);
@@ -185,7 +182,7 @@ class Texts {
 
   private:
     static std::string String(std::string_view identifier, std::string_view text) {
-        return "      <string id=\"" + std::string(identifier) + "\">" + Xml(text) + "</string>\n";
+        return "      <string" + Attribute("id", identifier) + ">" + Xml(text) + "</string>\n";
     }
 
     std::string CategoryName() const {
@@ -197,10 +194,10 @@ class Texts {
         const docs::SettingDescription& description = *docs::FindDescription(setting.name);
         std::string help = Plain(m_translation.Of(description.meaning)) + "\n\n";
         if (KindOf(setting) == Kind::Number) help += NumbersText(setting) + "\n";
-        if (!setting.mayBeNumber)
-            help +=
-                Plain(Filled(m_translation.Of("What it may be: %1."), m_translation.Of(description.texts))) +
-                "\n";
+        if (!setting.mayBeNumber) {
+            const std::string texts = m_translation.Of(description.texts);
+            help += Plain(Filled(m_translation.Of("What it may be: %1."), texts)) + "\n";
+        }
         help +=
             Filled(m_translation.Of("Stored as %1; the default is %2."), setting.name, DefaultText(setting));
         help += "\n\n" + m_translation.Of(
@@ -236,24 +233,27 @@ class Texts {
     }
 
     std::string Presentation(const Setting& setting, const std::string& name) const {
-        const std::string reference = " refId=\"" + std::string(kElement) + "\"";
+        const std::string reference = Attribute("refId", kElement);
         const std::string label = Xml(name + ":");
         std::string control;
         switch (KindOf(setting)) {
             case Kind::Choice:
-                control = "<dropdownList" + reference + " noSort=\"true\" defaultItem=\"" +
-                          std::to_string(PlaceOfDefault(setting)) + "\">" + label + "</dropdownList>";
+                control = "<dropdownList" + reference + Attribute("noSort", "true") +
+                          Attribute("defaultItem", std::to_string(PlaceOfDefault(setting))) + ">" + label +
+                          "</dropdownList>";
                 break;
             case Kind::Number:
-                control = "<decimalTextBox" + reference + " defaultValue=\"" +
-                          std::to_string(std::get<std::int32_t>(setting.byDefault)) + "\">" + label +
-                          "</decimalTextBox>";
+                control =
+                    "<decimalTextBox" + reference +
+                    Attribute("defaultValue", std::to_string(std::get<std::int32_t>(setting.byDefault))) +
+                    ">" + label + "</decimalTextBox>";
                 break;
             default:
                 control = "<textBox" + reference + "><label>" + label + "</label><defaultValue>" +
                           Xml(std::get<std::string>(setting.byDefault)) + "</defaultValue></textBox>";
         }
-        return "      <presentation id=\"" + Identifier(setting.name) + "\">" + control + "</presentation>\n";
+        return "      <presentation" + Attribute("id", Identifier(setting.name)) + ">" + control +
+               "</presentation>\n";
     }
 
     // The place of the default among the choices.
@@ -271,13 +271,15 @@ class Texts {
 }  // namespace
 
 std::string PolicyDefinitions(const PolicyKey& key) {
-    std::string categories = "    <category name=\"Category\" displayName=\"$(string.Category)\" />\n";
+    const auto category = [](std::string_view identifier) {
+        return "    <category" + Attribute("name", identifier) +
+               Attribute("displayName", StringReference(identifier));
+    };
+    std::string categories = category("Category") + " />\n";
     for (const GroupInfo& group : kGroupInfos) {
         if (!HasPolicies(group)) continue;
-        const std::string identifier = CategoryIdentifier(group);
-        categories += "    <category name=\"" + identifier + "\" displayName=\"" +
-                      StringReference(identifier) +
-                      "\">\n      <parentCategory ref=\"Category\" />\n    </category>\n";
+        categories += category(CategoryIdentifier(group)) + ">\n      <parentCategory" +
+                      Attribute("ref", "Category") + " />\n    </category>\n";
     }
     std::string policies;
     for (const PolicyName& policy : kPolicyNames) policies += PolicyElement(key, SettingOf(policy));

@@ -60,33 +60,32 @@ std::string_view ImageOf(const Value& value) {
 }
 
 std::string ItemOf(const PolicyKey& key, const Setting& setting, const Value& value) {
-    const std::string name(setting.name);
     const auto* const number = std::get_if<std::int32_t>(&value);
-    return "    <Registry clsid=\"" + std::string(kItemClass) + "\" name=\"" + name + "\" status=\"" + name +
-           "\" image=\"" + std::string(ImageOf(value)) + "\" changed=\"" + std::string(kChanged) +
-           "\" uid=\"" + StableGuid(key.Path() + "\\" + name) +
-           "\" bypassErrors=\"1\">\n"
-           "      <Properties action=\"U\" displayDecimal=\"1\" default=\"0\" hive=\"HKEY_CURRENT_USER\" "
-           "key=\"" +
-           Xml(key.Path()) + "\" name=\"" + name + "\" type=\"" + (number ? "REG_DWORD" : "REG_SZ") +
-           "\" value=\"" +
-           (number ? Hexadecimal(static_cast<std::uint32_t>(*number), 8)
-                   : Xml(std::get<std::string>(value))) +
-           "\" />\n    </Registry>\n";
+    return "    <Registry" + Attribute("clsid", kItemClass) + Attribute("name", setting.name) +
+           Attribute("status", setting.name) + Attribute("image", ImageOf(value)) +
+           Attribute("changed", kChanged) +
+           Attribute("uid", StableGuid(key.Path() + "\\" + std::string(setting.name))) +
+           Attribute("bypassErrors", "1") + ">\n      <Properties" + Attribute("action", "U") +
+           Attribute("displayDecimal", "1") + Attribute("default", "0") +
+           Attribute("hive", "HKEY_CURRENT_USER") + Attribute("key", key.Path()) +
+           Attribute("name", setting.name) + Attribute("type", number ? "REG_DWORD" : "REG_SZ") +
+           Attribute("value", number ? Hexadecimal(static_cast<std::uint32_t>(*number), 8)
+                                     : std::get<std::string>(value)) +
+           " />\n    </Registry>\n";
 }
 
 }  // namespace
 
 std::string PreferenceItems(const PolicyKey& key, const std::vector<Assignment>& values) {
-    std::string xml = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<RegistrySettings clsid=\"" +
-                      std::string(kItemsClass) + "\">\n";
+    std::string xml = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<RegistrySettings" +
+                      Attribute("clsid", kItemsClass) + ">\n";
     for (const GroupInfo& group : kGroupInfos) {
         std::string items;
         for (const auto& [setting, value] : values)
             if (setting->group == &group) items += ItemOf(key, *setting, value);
         if (items.empty()) continue;
-        xml += "  <Collection clsid=\"" + std::string(kCollectionClass) + "\" name=\"" +
-               Xml(Utf8(group.name)) + "\">\n" + items + "  </Collection>\n";
+        xml += "  <Collection" + Attribute("clsid", kCollectionClass) + Attribute("name", Utf8(group.name)) +
+               ">\n" + items + "  </Collection>\n";
     }
     return xml + "</RegistrySettings>\n";
 }

@@ -64,11 +64,12 @@ std::uint32_t TakeUtf8(std::string_view& text) {
 }  // namespace
 
 std::string Utf8(std::wstring_view units) {
+    const auto unitAt = [&](std::size_t at) { return static_cast<std::uint32_t>(units[at]); };
     std::string text;
     for (std::size_t at = 0; at != units.size(); ++at) {
-        auto character = static_cast<std::uint32_t>(units[at]);
+        std::uint32_t character = unitAt(at);
         if (IsSurrogate(character)) {
-            const auto low = at + 1 == units.size() ? 0U : static_cast<std::uint32_t>(units[at + 1]);
+            const auto low = at + 1 == units.size() ? 0U : unitAt(at + 1);
             if (character >= kLowSurrogates || low < kLowSurrogates || low >= kBehindSurrogates)
                 throw Refusal("a text has half a surrogate pair");
             character = kFirstPair + ((character - kHighSurrogates) << 10 | (low - kLowSurrogates));
@@ -132,6 +133,10 @@ std::string Xml(std::string_view utf8) {
         }
     }
     return xml;
+}
+
+std::string Attribute(std::string_view name, std::string_view value) {
+    return " " + std::string(name) + "=\"" + Xml(value) + "\"";
 }
 
 std::string Filled(std::string_view text, std::string_view first, std::string_view second,

@@ -25,6 +25,9 @@ std::string Utf16Bytes(std::string_view utf8);
 // cannot hold.
 std::string Xml(std::string_view utf8);
 
+// ` name="value"`, the value as XML holds it.
+std::string Attribute(std::string_view name, std::string_view value);
+
 // The text with the marks %1, %2 and %3 replaced; what replaces one is not looked at again.
 std::string Filled(std::string_view text, std::string_view first, std::string_view second = {},
                    std::string_view third = {});

@@ -52,10 +52,10 @@ std::vector<std::wstring> FromLanguageFiles::Unused(std::size_t file) const {
 
 std::vector<std::wstring> FromLanguageFiles::Repeated(std::size_t file) const {
     std::vector<std::wstring> repeated;
-    for (const auto& [english, translation] : m_files.at(file)) {
-        const auto has = [&](const auto& texts) { return texts.contains(english); };
+    for (const auto& entry : m_files.at(file)) {
+        const auto has = [&](const auto& texts) { return texts.contains(entry.first); };
         if (std::any_of(m_files.begin(), m_files.begin() + static_cast<std::ptrdiff_t>(file), has))
-            repeated.push_back(english);
+            repeated.push_back(entry.first);
     }
     return repeated;
 }
