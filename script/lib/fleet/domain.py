@@ -227,7 +227,9 @@ def registry_pol(entries):
 
 
 def entries_of_pol(data):
-    return [admx.Entry(value.keyname, value.valuename, value.type, value.data) for value in ndr_unpack(preg.file, data).entries]
+    # What the entries are made of belongs to the file, which has to be there as long.
+    file = ndr_unpack(preg.file, data)
+    return [admx.Entry(value.keyname, value.valuename, value.type, value.data) for value in file.entries]
 
 
 class PolicyObjects:
