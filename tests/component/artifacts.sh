@@ -13,3 +13,8 @@ for name in "${names[@]}"; do
     [[ $commands == *"$(basename "$name" .vlf)"* ]] || { echo "the target artifacts does not make $name"; exit 1; }
     [ -s "$build/$name" ] || { echo "$name is not there"; exit 1; }
 done
+
+[[ $commands == *"policy_files "*"$build/policy"* ]] || { echo "the target artifacts does not make policy/"; exit 1; }
+for name in {vmkctrl.admx,{en-US,de-DE}/vmkctrl.adml,Registry.xml,preferences.reg,new-user.{reg,cmd}}; do
+    [ -s "$build/policy/$name" ] || { echo "policy/$name is not there"; exit 1; }
+done

@@ -30,6 +30,14 @@ def expected_settings():
     return {name: value[2:-1] if value.startswith("L") else int(value) for name, value in rows}
 
 
+def left_out():
+    """{name: reason} of the settings that are no policies."""
+    table = (ROOT / "tools/policy/policies.h").read_text(encoding="utf-8")
+    reasons = dict(re.findall(r'(k\w+Reason) =\s*"([^"]+)"', table))
+    rows = re.findall(r'\{"([^"]+)",\s*(?:(k\w+)|"([^"]+)")\}', table[table.index("kNoPolicies"):])
+    return {name: reasons[constant] if constant else text for name, constant, text in rows}
+
+
 def documented():
     """{name: what the settings reference says that it may be}."""
     rows = re.findall(r"^\| `([^`]+)` \| [^|]+ \| [^|]+ \| ([^|]+) \|", (ROOT / "docs/settings.md").read_text(), re.M)
@@ -64,11 +72,15 @@ class PolicyFilesTest(unittest.TestCase):
         self.assertEqual(admx.differences(self.english, self.german), [])
 
     def test_every_setting_is_a_policy_or_left_out_with_its_reason(self):
-        table = (ROOT / "tools/policy/policies.h").read_text(encoding="utf-8")
-        left_out = re.findall(r'\{"([^"]+)", (?:k\w+|"[^"]+")\}', table[table.index("kNoPolicies"):])
         names = [name for name, _ in self.stored_names()]
-        self.assertEqual(sorted(names + left_out), sorted(expected_settings()))
+        self.assertEqual(sorted([*names, *left_out()]), sorted(expected_settings()))
         self.assertGreater(len(names), 90)
+
+    def test_the_document_for_administrators_says_what_is_left_out(self):
+        document = (ROOT / "docs/deploying.md").read_text(encoding="utf-8")
+        rows = re.findall(r"^ +\| (`[^|]+`) \| ([^|]+) \|$", document, re.M)
+        said = {name: reason for names, reason in rows for name in re.findall("`([^`]+)`", names)}
+        self.assertEqual(said, left_out())
 
     def test_policies_offer_what_the_reference_says(self):
         reference = documented()
