@@ -1,5 +1,6 @@
 """policy_files_test.py PROGRAM DIALOG_TEXTS POLICY_TEXTS [FILTER...]: what the generator writes holds to the rules of those
 who read it and says what the settings may be, as it is written down apart from the generator."""
+import json
 import pathlib
 import re
 import subprocess
@@ -123,6 +124,13 @@ class PolicyFilesTest(unittest.TestCase):
         wanted = {"Paper.Nup": 4, "Info.Title": 'a "b" \\ <ä>', "Email.Content": "a\r\nb"}
         self.assertEqual({entry.name: entry.data for entry in client.items((folder / "Registry.xml").read_bytes())}, wanted)
         self.assertEqual(read_registry_file(folder / "preferences.reg")[1], wanted)
+
+    def test_presets_are_taken(self):
+        for preset in (ROOT / "examples/presets").glob("*.json"):
+            settings = json.loads(preset.read_bytes())["settings"]
+            made = generate(self.folder / preset.stem, [f"{name}={value}" for name, value in settings.items()])
+            self.assertEqual(made.stderr, "", preset)
+            self.assertEqual(read_registry_file(self.folder / preset.stem / "preferences.reg")[1], settings)
 
     def test_another_key_has_other_files_and_policies(self):
         folder = self.folder / "office"
