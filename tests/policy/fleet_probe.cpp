@@ -1,11 +1,13 @@
 // What a user has of a policy, for script/fleet-test:
 //
-//   fleet_probe dialog          opens the preferences dialog and prints NAME=TEXT for what it shows
+//   fleet_probe dialog          opens the preferences dialog, prints NAME=TEXT for what it shows, and closes
+//   it by OK:
+//                               what its controls hold has to be what it has loaded
 //   fleet_probe hives FOLDER    for each NAME.reg in the folder makes a hive HKEY_USERS\NAME, stores the
 //   values there, and
 //                               has the component read them as that user's; prints NAME MILLISECONDS each
 //
-// Exit status 0: everything is as it should be, 1: a hive holds or reads as something else, 2: wrong usage or
+// Exit status 0: everything is as it should be, 1: the dialog or a hive has something else, 2: wrong usage or
 // a failure.
 
 #include <windows.h>
@@ -13,8 +15,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "host/catalogue.h"
@@ -140,15 +144,30 @@ std::wstring TextOf(const LiveWindow& page, const Shown& shown) {
     }
 }
 
-int PrintDialog() {
-    const LiveDialog dialog({.prepare = [](IPdfPrinterPreferences& object) {
+// Every page stores what its controls hold once Apply is enabled and OK is pressed: that has to be what was
+// loaded.
+int StoreAsShown(LiveDialog& dialog) {
+    const PrinterSettings before = dialog.Record();
+    const LiveWindow page = dialog.Page(L"Watermarks");
+    for (int clicks = 0; clicks != 2; ++clicks) page.Click(IDC_WATERMARKS_PRINT);
+    if (dialog.Ok() != 1) throw std::runtime_error("the dialog does not store");
+    const std::vector<Difference> changes = Differences(DocumentOf(before), DocumentOf(dialog.Record()));
+    for (const Difference& change : changes) {
+        const std::string name(change.setting->name);
+        std::fprintf(stderr, "%s is held as something else\n", name.c_str());
+    }
+    return changes.empty() ? 0 : 1;
+}
+
+int TryDialog() {
+    LiveDialog dialog({.prepare = [](IPdfPrinterPreferences& object) {
         object.InitFromRegistry(AllPages, AutomationString(L"").get());
     }});
     for (const Shown& shown : kShown) {
         const std::string text = Utf8FromWide(TextOf(dialog.Page(shown.page), shown));
         std::printf("%s=%s\n", shown.setting, text.c_str());
     }
-    return 0;
+    return StoreAsShown(dialog);
 }
 
 // --- hives of many users
@@ -260,7 +279,7 @@ int TryHives(const std::wstring& folder) {
 int wmain(int count, wchar_t** words) {
     const std::wstring_view verb = count > 1 ? words[1] : L"";
     try {
-        if (verb == L"dialog" && count == 2) return vmk::test::PrintDialog();
+        if (verb == L"dialog" && count == 2) return vmk::test::TryDialog();
         if (verb == L"hives" && count == 3) return vmk::test::TryHives(words[2]);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());

@@ -4,8 +4,9 @@ import client
 
 DOMAIN_USERS_UNITS = ("Print", "Office")
 
+# The page of fonts shows those that are installed and stores no others; the build machine has these.
 TEXTS = {"Save.FileName": "%[DocName] – Haus", "Save.Folder": "\\\\server\\Ablage für alle",
-         "Fonts.Embedd.Always": "Arial;Tahoma", "Fonts.Embedd.Never": "Courier;Symbol",
+         "Fonts.Embedd.Always": "Liberation Sans;Tahoma", "Fonts.Embedd.Never": "Liberation Mono",
          "Overlay.File": "C:\\Haus\\Briefkopf.pdf", "Email.SMTP.Address": "mail.fleet.test"}
 ANY_TEXT = "House \"A&B\" <ÄÖß €>"
 
