@@ -3,7 +3,6 @@ who read it and says what the settings may be, as it is written down apart from 
 import json
 import pathlib
 import re
-import subprocess
 import sys
 import tempfile
 import unittest
@@ -14,14 +13,9 @@ sys.path.insert(0, str(ROOT / "script/lib/fleet"))
 
 import admx  # noqa: E402
 import client  # noqa: E402
+from generator import generate  # noqa: E402
 
-PROGRAM, *GERMAN = sys.argv[1:4]
 KEY = r"SOFTWARE\Orrin Systems\vmkctrl.PdfPrinterPreferences"
-
-
-def generate(folder, *words):
-    command = [PROGRAM, *(f"--german={file}" for file in GERMAN), *words[:-1], folder, *(words[-1] if words else [])]
-    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
 
 
 def expected_settings():
@@ -240,77 +234,6 @@ class PlantedFaultsTest(unittest.TestCase):
     def test_of_one_language_alone(self):
         other = self.adml.replace('<string id="Paper_Nup">', '<string id="Paper_Nop">')
         self.assertEqual(admx.differences(self.adml.encode(), other.encode()), ["string Paper_Nop", "string Paper_Nup"])
-
-
-class EditorTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        PlantedFaultsTest.setUpClass.__func__(cls)
-        cls.definitions = admx.Definitions(cls.admx.encode(), cls.adml.encode())
-
-    def entry(self, name, state):
-        entry, = self.definitions.entries(name, state)
-        self.assertEqual(entry.key, KEY)
-        return entry.name, entry.kind, entry.data
-
-    def test_stores_what_somebody_chooses(self):
-        self.assertEqual(self.entry("General_VP_HideUI", "Enabled"), ("General.VP.HideUI", 4, 1))
-        self.assertEqual(self.entry("General_VP_HideUI", "Disabled"), ("General.VP.HideUI", 4, 0))
-        self.assertEqual(self.entry("Paper_Nup", "16 pages"), ("Paper.Nup", 4, 16))
-        self.assertEqual(self.entry("Compression_Color_JPEGQuality", 7), ("Compression.Color.JPEGQuality", 4, 7))
-        self.assertEqual(self.entry("Info_Author", "Ä"), ("Info.Author", 1, "Ä"))
-        self.assertEqual(self.entry("Paper_Nup", "Disabled"), ("**del.Paper.Nup", 1, " "))
-
-    def test_refuses_what_is_not_offered(self):
-        for name, state in (("Paper_Nup", "3 pages"), ("Compression_Color_JPEGQuality", 0), ("Info_Author", "a" * 1024),
-                            ("Security_UserPwd", "a")):
-            with self.assertRaises(admx.NotOffered):
-                self.definitions.entries(name, state)
-
-
-class ClientTest(unittest.TestCase):
-    def order(self, *containers):
-        return client.in_order([client.Container("".join(f"[LDAP://{name};{options}]" for name, options in links), block)
-                                for links, block in containers])
-
-    def test_what_is_nearer_to_the_user_comes_later(self):
-        self.assertEqual(self.order(([("Domain", 0)], 0), ([("Unit", 0)], 0)), ["domain", "unit"])
-
-    def test_the_first_of_a_containers_links_is_the_weakest(self):
-        self.assertEqual(self.order(([("third", 0), ("second", 0), ("first", 0)], 0)), ["third", "second", "first"])
-
-    def test_enforced_ones_come_last_and_those_of_the_domain_at_the_end(self):
-        self.assertEqual(self.order(([("a", 2), ("b", 0)], 0), ([("c", 2), ("d", 0)], 0)), ["b", "d", "c", "a"])
-
-    def test_disabled_links_and_blocked_inheritance_count(self):
-        self.assertEqual(self.order(([("a", 0), ("b", 2), ("c", 3)], 0), ([("d", 1), ("e", 0)], 1)), ["e", "b"])
-
-    def test_an_object_that_is_linked_twice_counts_where_it_is_strongest(self):
-        self.assertEqual(self.order(([("a", 0), ("b", 0)], 0), ([("a", 0)], 0)), ["b", "a"])
-
-    def test_only_parts_that_an_object_names_count(self):
-        def has(flags=0, version=1 << 16, extensions=f"[{client.REGISTRY_PART}{{D02B1F73}}]"):
-            return client.PolicyObject("a", flags, version, extensions).has(client.REGISTRY_PART)
-
-        self.assertTrue(has())
-        self.assertTrue(has(flags=2))
-        self.assertFalse(has(flags=1) or has(version=5) or has(extensions=""))
-
-    def test_later_values_win_whatever_the_case_and_removed_ones_go(self):
-        values = client.applied({}, [admx.Entry("K", "A", 4, 1), admx.Entry("k", "a", 4, 2), admx.Entry("K", "b", 1, "x"),
-                                     admx.Entry("K", "**del.B", 1, " ")])
-        self.assertEqual([entry.data for entry in values.values()], [2, None])
-        self.assertEqual(client.registry_file(values).decode("utf-16"),
-                         "Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\k]\r\n\"a\"=dword:00000002\r\n\"B\"=-\r\n")
-
-    def test_items_of_another_kind_are_refused(self):
-        head = f'<RegistrySettings clsid="{client.ITEMS}">'
-        for inner in ("<Registry/>", '<Registry clsid="{9CD4B2F4-923D-47f5-A062-E897DD1DAD50}"><Properties action="D" '
-                      'hive="HKEY_CURRENT_USER" key="a" name="b" type="REG_SZ" value=""/></Registry>'):
-            with self.assertRaises(ValueError):
-                client.items(f"{head}{inner}</RegistrySettings>")
-        with self.assertRaises(ValueError):
-            client.items("<RegistrySettings/>")
 
 
 if __name__ == "__main__":
