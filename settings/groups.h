@@ -70,7 +70,7 @@ static_assert(std::ranges::adjacent_find(kGroupInfos, std::ranges::greater_equal
 
 // Calls with each row's place in the table, as a constant: what is read there in constants alone leaves no
 // table in the program.
-constexpr void ForEachGroup(auto&& call) {
+void ForEachGroup(auto&& call) {
     [&]<std::size_t... place>(std::index_sequence<place...>) {
         (call(std::integral_constant<std::size_t, place>{}), ...);
     }
@@ -78,7 +78,7 @@ constexpr void ForEachGroup(auto&& call) {
 }
 
 // Walks the lists of the groups whose bits are set.
-constexpr void WalkFields(PageSet groups, auto&& visit, auto&... record) {
+void WalkFields(PageSet groups, auto&& visit, auto&... record) {
     ForEachGroup([&](auto place) {
         constexpr PageSet bit = std::get<place>(kGroups).info.bit;
         constexpr auto fields = std::get<place>(kGroups).fields;

@@ -26,7 +26,7 @@ namespace {
 namespace policy = vmk::policy;
 
 struct Arguments {
-    std::vector<std::filesystem::path> german;
+    std::vector<std::string> german;
     std::string key;
     std::filesystem::path folder;
     std::vector<policy::Assignment> values;

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <stdexcept>
+#include <string_view>
 #include <variant>
+#include <vector>
 
+#include "settings/choices.h"
 #include "tools/policy/policies.h"
 #include "tools/policy/settings_list.h"
 #include "tools/policy/text.h"
@@ -25,20 +27,6 @@ constexpr std::string_view kHead = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n
 constexpr std::string_view kGenerated = "<!-- Made from the settings of vmkctrl; do not edit. -->\n";
 // The one element of a policy that has one.
 constexpr std::string_view kElement = "Value";
-
-// A new setting is made a policy, or left out for a reason.
-consteval bool EverySettingIsInOneTable() {
-    bool isSo = true;
-    std::size_t count = 0;
-    WalkFields(page_bit::kAllPages, [&](std::string_view name) {
-        const auto rows = std::ranges::count(kPolicyNames, name, &PolicyName::setting) +
-                          std::ranges::count(kNoPolicies, name, &NoPolicy::setting);
-        isSo = isSo && rows == 1;
-        ++count;
-    });
-    return isSo && count == std::size(kPolicyNames) + std::size(kNoPolicies);
-}
-static_assert(EverySettingIsInOneTable(), "each setting belongs into one of the tables of policies.h");
 
 // What a policy sets its value to.
 enum class Kind { Switch, Choice, Number, Text };
@@ -79,8 +67,8 @@ std::string StringReference(std::string_view identifier) {
     return "$(string." + std::string(identifier) + ")";
 }
 
-std::string CategoryIdentifier(const GroupInfo& group) {
-    return "Category_" + std::string(group.identifier);
+std::string CategoryIdentifier(const Setting& setting) {
+    return "Category_" + std::string(setting.group);
 }
 
 const Setting& SettingOf(const PolicyName& policy) {
@@ -89,9 +77,25 @@ const Setting& SettingOf(const PolicyName& policy) {
     return *setting;
 }
 
-bool HasPolicies(const GroupInfo& group) {
-    return std::ranges::any_of(kPolicyNames,
-                               [&](const PolicyName& policy) { return SettingOf(policy).group == &group; });
+// A new setting is made a policy, or left out for a reason.
+void CheckTables() {
+    for (const Setting& setting : AllSettings()) {
+        const auto rows = std::ranges::count(kPolicyNames, setting.name, &PolicyName::setting) +
+                          std::ranges::count(kNoPolicies, setting.name, &NoPolicy::setting);
+        if (rows == 1) continue;
+        throw std::logic_error(std::string(setting.name) + " belongs into one of the tables of policies.h");
+    }
+}
+
+// The first policy of each group, in their order.
+std::vector<const Setting*> GroupsWithPolicies() {
+    std::vector<const Setting*> groups;
+    for (const PolicyName& policy : kPolicyNames) {
+        const Setting& setting = SettingOf(policy);
+        if (std::ranges::find(groups, setting.group, &Setting::group) == groups.end())
+            groups.push_back(&setting);
+    }
+    return groups;
 }
 
 // --- the language-neutral file
@@ -130,7 +134,7 @@ std::string PolicyElement(const PolicyKey& key, const Setting& setting) {
                          Attribute("key", key.Path());
     policy += isSwitch ? Attribute("valueName", setting.name)
                        : Attribute("presentation", "$(presentation." + identifier + ")");
-    policy += ">\n      <parentCategory" + Attribute("ref", CategoryIdentifier(*setting.group)) +
+    policy += ">\n      <parentCategory" + Attribute("ref", CategoryIdentifier(setting)) +
               " />\n      <supportedOn" + Attribute("ref", "Supported") + " />\n";
     policy += isSwitch ? "      <enabledValue><decimal" + Attribute("value", "1") +
                              " /></enabledValue>\n      <disabledValue><decimal" + Attribute("value", "0") +
@@ -155,10 +159,8 @@ class Texts {
         std::string presentations;
         strings += String("Category", CategoryName());
         strings += String("Supported", m_translation.Of("Vellumark 3.0 on 64-bit Windows"));
-        for (const GroupInfo& group : kGroupInfos) {
-            if (HasPolicies(group))
-                strings += String(CategoryIdentifier(group), m_translation.Of(group.name));
-        }
+        for (const Setting* const setting : GroupsWithPolicies())
+            strings += String(CategoryIdentifier(*setting), m_translation.Of(setting->groupName));
         for (const PolicyName& policy : kPolicyNames) {
             const Setting& setting = SettingOf(policy);
             const std::string name = m_translation.Of(policy.name);
@@ -271,14 +273,14 @@ class Texts {
 }  // namespace
 
 std::string PolicyDefinitions(const PolicyKey& key) {
+    CheckTables();
     const auto category = [](std::string_view identifier) {
         return "    <category" + Attribute("name", identifier) +
                Attribute("displayName", StringReference(identifier));
     };
     std::string categories = category("Category") + " />\n";
-    for (const GroupInfo& group : kGroupInfos) {
-        if (!HasPolicies(group)) continue;
-        categories += category(CategoryIdentifier(group)) + ">\n      <parentCategory" +
+    for (const Setting* const setting : GroupsWithPolicies()) {
+        categories += category(CategoryIdentifier(*setting)) + ">\n      <parentCategory" +
                       Attribute("ref", "Category") + " />\n    </category>\n";
     }
     std::string policies;

@@ -79,14 +79,18 @@ std::string ItemOf(const PolicyKey& key, const Setting& setting, const Value& va
 std::string PreferenceItems(const PolicyKey& key, const std::vector<Assignment>& values) {
     std::string xml = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<RegistrySettings" +
                       Attribute("clsid", kItemsClass) + ">\n";
-    for (const GroupInfo& group : kGroupInfos) {
-        std::string items;
-        for (const auto& [setting, value] : values)
-            if (setting->group == &group) items += ItemOf(key, *setting, value);
-        if (items.empty()) continue;
-        xml += "  <Collection" + Attribute("clsid", kCollectionClass) + Attribute("name", Utf8(group.name)) +
-               ">\n" + items + "  </Collection>\n";
+    // Values of a group stand together.
+    std::string_view group;
+    for (const auto& [setting, value] : values) {
+        if (setting->group != group) {
+            xml += group.empty() ? "" : "  </Collection>\n";
+            xml += "  <Collection" + Attribute("clsid", kCollectionClass) +
+                   Attribute("name", Utf8(setting->groupName)) + ">\n";
+        }
+        group = setting->group;
+        xml += ItemOf(key, *setting, value);
     }
+    xml += group.empty() ? "" : "  </Collection>\n";
     return xml + "</RegistrySettings>\n";
 }
 

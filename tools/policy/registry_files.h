@@ -10,7 +10,7 @@
 
 namespace vmk::policy {
 
-// For Group Policy Preferences: one item for each value, by groups.
+// For Group Policy Preferences: one item for each value, by groups. The values stand in the order of storing.
 std::string PreferenceItems(const PolicyKey& key, const std::vector<Assignment>& values);
 
 // For the registry editor, below a key such as HKEY_CURRENT_USER. UTF-16 with a byte-order mark.

@@ -5,6 +5,8 @@
 #include <optional>
 #include <system_error>
 
+#include "settings/choices.h"
+#include "settings/groups.h"
 #include "tools/policy/text.h"
 #include "tools/setting_descriptions.h"
 #include "tools/settings_reference.h"
@@ -32,7 +34,8 @@ struct Lister {
   private:
     void Add(const char* name, Value byDefault, bool mayBeNumber, bool mayBeText) const {
         settings.push_back({.name = name,
-                            .group = &group,
+                            .group = group.identifier,
+                            .groupName = group.name,
                             .byDefault = std::move(byDefault),
                             .mayBeNumber = mayBeNumber,
                             .mayBeText = mayBeText});
@@ -59,6 +62,10 @@ bool MayBe(const Setting& setting, std::int32_t number) {
 }
 
 }  // namespace
+
+const NumberValues* Setting::Numbers() const {
+    return FindNumberValues(name);
+}
 
 const std::vector<Setting>& AllSettings() {
     static const std::vector<Setting> settings = ListSettings();

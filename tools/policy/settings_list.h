@@ -7,8 +7,9 @@
 #include <variant>
 #include <vector>
 
-#include "settings/choices.h"
-#include "settings/groups.h"
+namespace vmk {
+struct NumberValues;
+}
 
 namespace vmk::policy {
 
@@ -16,14 +17,15 @@ namespace vmk::policy {
 using Value = std::variant<std::int32_t, std::string>;
 
 struct Setting {
-    std::string_view name;  // as stored
-    const GroupInfo* group = nullptr;
+    std::string_view name;   // as stored
+    std::string_view group;  // identifier
+    std::wstring_view groupName;
     Value byDefault;
     bool mayBeNumber = false;
     bool mayBeText = false;
 
     // What it may be as a number; null for a text.
-    const NumberValues* Numbers() const { return FindNumberValues(name); }
+    const NumberValues* Numbers() const;
 };
 
 // Every setting, in the order of storing.

@@ -25,12 +25,12 @@ std::string English::Of(std::wstring_view english) const {
     return ForALine(english);
 }
 
-FromLanguageFiles::FromLanguageFiles(const std::vector<std::filesystem::path>& files) {
-    for (const std::filesystem::path& path : files) {
+FromLanguageFiles::FromLanguageFiles(const std::vector<std::string>& files) {
+    for (const std::string& path : files) {
         std::ifstream stream(path, std::ios::binary);
         const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
         const auto file = ReadLanguageFile(std::as_bytes(std::span(bytes)));
-        if (!file) throw Refusal(path.string() + " is no language file");
+        if (!file) throw Refusal(path + " is no language file");
         auto& texts = m_files.emplace_back();
         for (const LanguageEntry& entry : file->entries) texts.emplace(entry.source, entry.translation);
     }

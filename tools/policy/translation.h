@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <map>
 #include <set>
 #include <string>
@@ -31,7 +30,7 @@ class English final : public Translation {
 // cannot be read or a text is asked for that is in none of them.
 class FromLanguageFiles final : public Translation {
   public:
-    explicit FromLanguageFiles(const std::vector<std::filesystem::path>& files);
+    explicit FromLanguageFiles(const std::vector<std::string>& files);
 
     using Translation::Of;
     std::string Of(std::wstring_view english) const override;
