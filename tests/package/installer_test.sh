@@ -65,7 +65,7 @@ snapshot before
 
 passes windows msiexec /qn /i "$newer"
 snapshot installed
-for file in "$WINEPREFIX/$installed"/{*,*/*}; do
+for file in "$WINEPREFIX/$installed"/{*,*/*,*/*/*}; do
     [ -d "$file" ] || cmp "$file" "$unpacked/${file#"$WINEPREFIX/$installed/"}"
 done
 [ "$(windows "$program" --registered --version | sed -n 's/.*, //p')" = 'C:\Program Files\Vellumark\vmkctrl.dll' ] ||

@@ -12,7 +12,6 @@ class Row:
     folder: str = "."         # where they stand in the package; below it as below the pattern's own folder
     is_built: bool = False    # from the build folder
     is_installed: bool = False  # by the installer as well
-    may_lack: bool = False
     made_from: str = ""       # a file of the project for each: what an older build has left has none
 
 
@@ -25,7 +24,7 @@ CONTENTS = (
     Row("languages/*.vlf", "languages", is_built=True, is_installed=True, made_from="languages/{}.txt"),
     Row("languages/*.txt", "languages"),
     Row("presets/*.json", "presets", is_built=True, is_installed=True, made_from="examples/presets/{}.json"),
-    Row("policy/**/*", "policy", is_built=True, may_lack=True),
+    Row("policy/**/*", "policy", is_built=True, is_installed=True),
     Row("*.md"),
     Row("docs/**/*", "docs"),
     # Where the documents have them.
@@ -58,7 +57,7 @@ def stage(project, build, folder):
     for row in CONTENTS:
         origin = build if row.is_built else project
         paths = found(row, project, build)
-        if not paths and not row.may_lack:
+        if not paths:
             raise SystemExit(f"error: there is no {row.pattern} in {origin}; run script/build")
         for path in paths:
             place = place_of(row, path.relative_to(origin))

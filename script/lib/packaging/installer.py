@@ -62,6 +62,14 @@ def add_component(parent, feature, place, number):
     return component
 
 
+def add_folder(folders, place, number):
+    """The element of a folder, made with those above it."""
+    if place not in folders:
+        above = add_folder(folders, place.parent, number)
+        folders[place] = element(above, "Directory", Id=f"folder_{key_of(place)}", Name=both_names(place.name, number))
+    return folders[place]
+
+
 def description(places, version, package_code, component_sources):
     """The source of the installer, as wixl reads it."""
     root = ElementTree.Element("Wix", xmlns=WIX)
@@ -77,10 +85,7 @@ def description(places, version, package_code, component_sources):
     programs = element(target, "Directory", Id="ProgramFiles64Folder")
     folders = {Path("."): element(programs, "Directory", Id="INSTALLDIR", Name=both_names(FOLDER, 1))}
     for number, place in enumerate(sorted(places), 1):
-        if place.parent not in folders:
-            folders[place.parent] = element(folders[place.parent.parent], "Directory", Id=f"folder_{key_of(place.parent)}",
-                                            Name=both_names(place.parent.name, number))
-        component = add_component(folders[place.parent], feature, place, number)
+        component = add_component(add_folder(folders, place.parent, number), feature, place, number)
         if place == Path("vmkctrl.dll"):
             values = registration.registration(component_sources, f"[#{key_of(place)}]", "[INSTALLDIR]")
             for value in [*values, registration.Value(COMPONENT_SETTINGS, "VLF_PATH", "[folder_languages]")]:
