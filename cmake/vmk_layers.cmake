@@ -33,6 +33,39 @@ if(MINGW)
   target_link_options(vmk_options INTERFACE -static -Wl,--gc-sections -Wl,--no-insert-timestamp)
 endif()
 
+# vmk_compile_as_product(TARGET)
+function(vmk_compile_as_product target)
+  if(NOT MSVC)
+    # No extensions of one compiler in what is shipped.
+    target_compile_options(${target} PRIVATE -Wpedantic)
+  endif()
+  if(VMK_SYMBOLS)
+    target_compile_options(${target} PRIVATE -g)
+  endif()
+endfunction()
+
+# What most sources for Windows include is parsed once, except where each source is to be looked at by itself.
+if(WIN32 AND NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
+  file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/layer_headers.cpp CONTENT "")
+  add_library(vmk_layer_headers OBJECT ${PROJECT_BINARY_DIR}/layer_headers.cpp)
+  target_link_libraries(vmk_layer_headers PRIVATE vmk_options)
+  target_precompile_headers(
+    vmk_layer_headers
+    PRIVATE
+    <windows.h>
+    <algorithm>
+    <array>
+    <memory>
+    <optional>
+    <span>
+    <string>
+    <string_view>
+    <utility>
+    <vector>)
+  # With the options of the sources, or it is refused.
+  vmk_compile_as_product(vmk_layer_headers)
+endif()
+
 # Tests, benchmarks and fuzzers stand outside the house and may look into every room.
 add_library(vmk_test_options INTERFACE)
 target_link_libraries(vmk_test_options INTERFACE vmk_options)
@@ -77,12 +110,9 @@ function(vmk_add_layer name)
   if(sources)
     add_library(vmk_${name} STATIC ${sources})
     set(scope PUBLIC)
-    if(NOT MSVC)
-      # No extensions of one compiler in what is shipped.
-      target_compile_options(vmk_${name} PRIVATE -Wpedantic)
-    endif()
-    if(VMK_SYMBOLS)
-      target_compile_options(vmk_${name} PRIVATE -g)
+    vmk_compile_as_product(vmk_${name})
+    if(TARGET vmk_layer_headers)
+      target_precompile_headers(vmk_${name} REUSE_FROM vmk_layer_headers)
     endif()
   else()
     add_library(vmk_${name} INTERFACE)
