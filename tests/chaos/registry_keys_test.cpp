@@ -146,26 +146,25 @@ TEST_F(SettingsKeys, ThatAreRenamedMeanwhileKeepWhatWasStoredUnderTheOtherName) 
               ERROR_SUCCESS);
 }
 
-// A link that leads nowhere can be neither opened nor made.
-TEST_F(SettingsKeys, ThatLeadNowhereAreNeitherLoadedNorStored) {
+// Below a key that does not outlive the session none can be made that does.
+TEST_F(SettingsKeys, ThatCannotBeMadeAreNeitherLoadedNorStored) {
     Load();
     DeleteKey();
-    constexpr wchar_t kNowhere[] = L"\\Registry\\User\\No such user\\anywhere";
-    UniqueRegistryKey link;
-    ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, PathOf(m_key).c_str(), 0, nullptr,
-                              REG_OPTION_CREATE_LINK | REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr,
-                              link.put(), nullptr),
+    UniqueRegistryKey fleeting;
+    ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, PathOf(m_key).c_str(), 0, nullptr, REG_OPTION_VOLATILE,
+                              KEY_ALL_ACCESS, nullptr, fleeting.put(), nullptr),
               ERROR_SUCCESS);
-    ASSERT_EQ(RegSetValueExW(link.get(), L"SymbolicLinkValue", 0, REG_LINK,
-                             reinterpret_cast<const BYTE*>(kNowhere), sizeof kNowhere - sizeof(wchar_t)),
-              ERROR_SUCCESS);
-    EXPECT_EQ(m_object->InitFromRegistry(AllPages, AutomationString(m_key.SubKey()).get()), S_OK);
-    EXPECT_EQ(m_object->StoreInRegistry(AllPages, AutomationString(m_key.SubKey()).get()), S_OK);
+    const AutomationString below(m_key.SubKey() + L"\\Below");
+    EXPECT_EQ(m_object->InitFromRegistry(AllPages, below.get()), S_OK);
+    EXPECT_EQ(m_object->StoreInRegistry(AllPages, below.get()), S_OK);
     EXPECT_EQ(Record(), m_values);
-    using DeleteKeyByHandle = LONG WINAPI(HANDLE);
-    auto* const deleteKey = reinterpret_cast<DeleteKeyByHandle*>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll"), "NtDeleteKey")));
-    EXPECT_EQ(deleteKey(link.get()), 0);
+    DWORD keys = 0;
+    DWORD values = 0;
+    EXPECT_EQ(RegQueryInfoKeyW(fleeting.get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values,
+                               nullptr, nullptr, nullptr, nullptr),
+              ERROR_SUCCESS);
+    EXPECT_EQ(keys, 0U);
+    EXPECT_EQ(values, 0U);
 }
 
 // One that cannot be loaded gives the default, which is none of them.
