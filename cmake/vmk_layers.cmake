@@ -34,6 +34,8 @@ if(MINGW)
 endif()
 
 # vmk_compile_as_product(TARGET)
+#
+# Gives the target the options that only what is shipped is compiled with.
 function(vmk_compile_as_product target)
   if(NOT MSVC)
     # No extensions of one compiler in what is shipped.
