@@ -40,7 +40,7 @@ class BoundControl : public Window, public CDialogEnv, public BoundValue {
     // The dialog that the control stands in; valid once attached.
     BoundDialog& Page() const noexcept { return *m_page; }
     UINT Id() const noexcept { return m_id; }
-    bool IsEnabled() const noexcept { return IsWindowEnabled(Handle()) != FALSE; }
+    bool IsEnabled() const noexcept { return m_page->IsItemEnabled(m_id); }
 
     std::optional<LRESULT> ProcessWindowMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
 

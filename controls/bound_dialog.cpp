@@ -36,22 +36,32 @@ void BoundDialog::ForgetValues() noexcept {
     while (m_values) Unregister(*m_values);
 }
 
-// To disable what is disabled is no small thing: the system cancels menus and captures first.
-void BoundDialog::EnableItem(UINT id, bool enable) const noexcept {
-    HWND item = Item(id);
-    if ((IsWindowEnabled(item) != FALSE) != enable) EnableWindow(item, enable);
+HWND BoundDialog::Item(UINT id) const noexcept {
+    return m_beingFilled ? m_beingFilled->Find(id) : Dialog::Item(id);
 }
 
-void BoundDialog::EnableItems(std::span<const UINT> ids, bool enable) const noexcept {
+bool BoundDialog::IsItemEnabled(UINT id) const noexcept {
+    return m_beingFilled ? m_beingFilled->IsEnabled(id) : IsWindowEnabled(Item(id)) != FALSE;
+}
+
+void BoundDialog::EnableItem(UINT id, bool enable) noexcept {
+    if (m_beingFilled) {
+        m_beingFilled->Enable(id, enable);
+    } else {
+        SetEnabled(Item(id), enable);
+    }
+}
+
+void BoundDialog::EnableItems(std::span<const UINT> ids, bool enable) noexcept {
     for (const UINT id : ids) EnableItem(id, enable);
 }
 
-void BoundDialog::Switch(std::span<const UINT> ids, bool enable) const {
+void BoundDialog::Switch(std::span<const UINT> ids, bool enable) {
     EnableItems(ids, enable);
     if (!enable) return;
     for (BoundValue* value = m_values; value; value = value->m_next) {
         // One of them may have switched the next one off again.
-        const auto concerns = [&](UINT id) { return value->Owns(id) && IsWindowEnabled(Item(id)); };
+        const auto concerns = [&](UINT id) { return value->Owns(id) && IsItemEnabled(id); };
         if (std::ranges::any_of(ids, concerns)) value->SwitchOthers();
     }
 }
@@ -69,6 +79,8 @@ void BoundDialog::CheckItem(UINT id, bool check) const noexcept {
 }
 
 void BoundDialog::ClickItem(UINT id) const noexcept {
+    // A click passes over what is disabled.
+    if (m_beingFilled) m_beingFilled->Settle();
     HWND focus = GetFocus();
     SendMessageW(Item(id), BM_CLICK, 0, 0);
     // While the dialog opens, the focus may still be outside; the dialog manager places it then.
@@ -79,11 +91,11 @@ std::optional<LRESULT> BoundDialog::ProcessWindowMessage(HWND hwnd, UINT msg, WP
     switch (msg) {
         case WM_INITDIALOG:
             TranslateWindowTexts(hwnd);
-            ForgetValues();
-            OnInitDialog();
-            if (m_hasRadioButtons) PrepareRadioButtons(hwnd);
-            FitTexts(hwnd);
+            Fill();
             return TRUE;
+        case WM_SHOWWINDOW:
+            if (wParam) FitTextsOnce();
+            break;
         case WM_COMMAND:
             return HandleCommand(wParam, lParam);
         case WM_NOTIFY: {
@@ -95,6 +107,23 @@ std::optional<LRESULT> BoundDialog::ProcessWindowMessage(HWND hwnd, UINT msg, WP
             break;
     }
     return ReflectNotification(hwnd, msg, wParam, lParam);
+}
+
+void BoundDialog::Fill() {
+    ForgetValues();
+    m_fitsTexts = false;
+    m_beingFilled.emplace(Handle());
+    OnInitDialog();
+    m_beingFilled->Settle();
+    if (m_hasRadioButtons) PrepareRadioButtons(m_beingFilled->Windows());
+    m_beingFilled.reset();
+}
+
+// Most pages are never looked at.
+void BoundDialog::FitTextsOnce() {
+    if (m_fitsTexts) return;
+    FitTexts(Handle());
+    m_fitsTexts = true;
 }
 
 std::optional<LRESULT> BoundDialog::HandleCommand(WPARAM wParam, LPARAM lParam) {

@@ -2,10 +2,12 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <span>
 
 #include "controls/bound_value.h"
 #include "controls/dialog_env.h"
+#include "controls/dialog_items.h"
 #include "framework/dialog.h"
 
 namespace vmk {
@@ -25,10 +27,15 @@ class BoundDialog : public Dialog, public CDialogEnv {
     // Says that there are radio buttons, which have to be prepared once they show their setting.
     void ExpectRadioButtons() noexcept { m_hasRadioButtons = true; }
 
-    void EnableItem(UINT id, bool enable) const noexcept;
-    void EnableItems(std::span<const UINT> ids, bool enable) const noexcept;
+    HWND Item(UINT id) const noexcept override;
+
+    // While the dialog is being filled, controls are enabled and disabled only in the end; these know
+    // already.
+    bool IsItemEnabled(UINT id) const noexcept;
+    void EnableItem(UINT id, bool enable) noexcept;
+    void EnableItems(std::span<const UINT> ids, bool enable) noexcept;
     // Enables or disables controls. Those that are enabled by it, and switch others, do so then.
-    void Switch(std::span<const UINT> ids, bool enable) const;
+    void Switch(std::span<const UINT> ids, bool enable);
     void ShowItem(UINT id, bool show) const noexcept { ShowWindow(Item(id), show ? SW_SHOW : SW_HIDE); }
     bool IsItemChecked(UINT id) const noexcept;
     void CheckItem(UINT id, bool check) const noexcept;
@@ -56,13 +63,17 @@ class BoundDialog : public Dialog, public CDialogEnv {
     void StoreValues() const;
 
   private:
+    void Fill();
+    void FitTextsOnce();
     void ForgetValues() noexcept;
     std::optional<LRESULT> HandleCommand(WPARAM wParam, LPARAM lParam);
     bool TakeCommand(Command command);
     bool StepOnSpin(const NMHDR& header) const;
 
     BoundValue* m_values = nullptr;  // the first; each knows the next
+    std::optional<DialogItems> m_beingFilled;
     bool m_hasRadioButtons = false;
+    bool m_fitsTexts = false;
     bool m_isFocusReturning = false;
 };
 

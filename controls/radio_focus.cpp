@@ -16,15 +16,16 @@ bool IsRadioButton(HWND window) noexcept {
 }
 
 void MakeTabStop(HWND window, bool stop) noexcept {
-    const LONG others = StyleOf(window) & ~WS_TABSTOP;
-    SetWindowLongW(window, GWL_STYLE, stop ? others | WS_TABSTOP : others);
+    const LONG style = StyleOf(window);
+    const LONG wanted = stop ? style | WS_TABSTOP : style & ~WS_TABSTOP;
+    if (style != wanted) SetWindowLongW(window, GWL_STYLE, wanted);
 }
 
 }  // namespace
 
-void PrepareRadioButtons(HWND dialog) noexcept {
+void PrepareRadioButtons(std::span<const HWND> controls) noexcept {
     HWND stop = nullptr;  // of the group so far
-    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    for (HWND child : controls) {
         if (StyleOf(child) & WS_GROUP) stop = nullptr;
         if (!IsRadioButton(child)) continue;
         SendMessageW(child, BM_SETDONTCLICK, TRUE, 0);

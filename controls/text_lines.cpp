@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "base/child_windows.h"
+
 namespace vmk {
 namespace {
 
@@ -53,7 +55,7 @@ Kind KindOf(HWND window) noexcept {
 // A label out of sight stands beside nothing.
 std::vector<Item> ItemsOf(HWND dialog) {
     std::vector<Item> items;
-    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    for (HWND child : ChildWindows(dialog)) {
         Item item = {.window = child, .kind = KindOf(child), .place = {}};
         if (item.kind == Kind::kLabel && !(StyleOf(child) & WS_VISIBLE)) continue;
         GetWindowRect(child, &item.place);

@@ -21,7 +21,7 @@ class Dialog : public Window {
     HWND Create(UINT templateId, HWND parent) noexcept;
 
     // The control with this identifier; null when there is none.
-    HWND Item(UINT id) const noexcept { return GetDlgItem(Handle(), static_cast<int>(id)); }
+    virtual HWND Item(UINT id) const noexcept { return GetDlgItem(Handle(), static_cast<int>(id)); }
 
   private:
     static INT_PTR CALLBACK StartProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept;

@@ -3,8 +3,8 @@
 #include <array>
 #include <cstddef>
 #include <new>
-#include <vector>
 
+#include "base/child_windows.h"
 #include "base/window_text.h"
 #include "language/language_session.h"
 
@@ -16,14 +16,6 @@ bool IsPasswordEdit(HWND window) {
     GetClassNameW(window, className.data(), static_cast<int>(className.size()));
     return CompareStringOrdinal(className.data(), -1, L"edit", -1, TRUE) == CSTR_EQUAL &&
            (GetWindowLongPtrW(window, GWL_STYLE) & ES_PASSWORD) != 0;
-}
-
-/// The direct children as they are now: a window may rearrange itself while its texts change.
-std::vector<HWND> Children(HWND window) {
-    std::vector<HWND> children;
-    for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        children.push_back(child);
-    return children;
 }
 
 std::wstring ItemText(HMENU menu, UINT position) {
@@ -65,7 +57,7 @@ std::wstring Translator::TranslateString(std::wstring_view text) const {
 void Translator::TranslateWindow(HWND window, bool withChildren) const {
     if (!m_session || !IsWindow(window)) return;
     if (withChildren)
-        for (HWND child : Children(window)) TranslateWindow(child, true);
+        for (HWND child : ChildWindows(window)) TranslateWindow(child, true);
     if (IsPasswordEdit(window)) return;
     const std::wstring text = WindowText(window);
     if (!text.empty()) SetWindowTextW(window, TranslateString(text).c_str());

@@ -80,8 +80,8 @@ class CDlgSave final : public PageFrom<IDD_SAVE> {
 
 void CDlgSave::LoadPage() {
     BindTarget();
-    BindApplication();
     ShowTarget();
+    BindApplication();
     ShowApplication();
 }
 

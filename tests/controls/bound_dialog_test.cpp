@@ -101,6 +101,71 @@ TEST_F(PageOfBoundControls, HandsOtherNotificationsToItsOwnHandler) {
     EXPECT_EQ(seen, (std::vector<UINT>{NM_CLICK}));
 }
 
+// What a control of the page hears of being enabled and disabled.
+std::vector<WPARAM> heard;
+
+LRESULT CALLBACK NoteEnabling(int code, WPARAM wParam, LPARAM lParam) {
+    const auto& message = *reinterpret_cast<const CWPSTRUCT*>(lParam);
+    if (code == HC_ACTION && message.message == WM_ENABLE &&
+        GetDlgCtrlID(message.hwnd) == IDC_TEST_DEPENDENT_EDIT)
+        heard.push_back(message.wParam);
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+class PageBeingFilled : public PageOfBoundControls {
+  protected:
+    void SetUp() override {
+        heard.clear();
+        m_hook = SetWindowsHookExW(WH_CALLWNDPROC, NoteEnabling, nullptr, GetCurrentThreadId());
+    }
+    void TearDown() override { UnhookWindowsHookEx(m_hook); }
+
+  private:
+    HHOOK m_hook = nullptr;
+};
+
+TEST_F(PageBeingFilled, TellsAControlOnlyInTheEndWhetherItIsEnabled) {
+    Open(IDD_TEST_CHECKBOX, [&](TestPage& bound) {
+        for (const bool enable : {false, true, false}) {
+            bound.EnableItem(IDC_TEST_DEPENDENT_EDIT, enable);
+            EXPECT_EQ(bound.IsItemEnabled(IDC_TEST_DEPENDENT_EDIT), enable);
+        }
+        EXPECT_EQ(heard, std::vector<WPARAM>());
+    });
+    EXPECT_EQ(heard, (std::vector<WPARAM>{FALSE}));
+    EXPECT_FALSE(IsEnabled(IDC_TEST_DEPENDENT_EDIT));
+}
+
+TEST_F(PageBeingFilled, TellsAControlNothingThatItKnows) {
+    Open(IDD_TEST_CHECKBOX, [&](TestPage& bound) {
+        for (const bool enable : {false, true}) bound.EnableItem(IDC_TEST_DEPENDENT_EDIT, enable);
+    });
+    EXPECT_EQ(heard, std::vector<WPARAM>());
+    EXPECT_TRUE(IsEnabled(IDC_TEST_DEPENDENT_EDIT));
+}
+
+TEST_F(PageBeingFilled, HasItsControlsEnabledAndDisabledBeforeAClick) {
+    bool wasEnabled = true;
+    page.onCommand = [&](Command command) {
+        if (command.code == BN_CLICKED) wasEnabled = IsEnabled(IDC_TEST_DEPENDENT_EDIT);
+        return false;
+    };
+    Open(IDD_TEST_CHECKBOX, [&](TestPage& bound) {
+        bound.EnableItem(IDC_TEST_DEPENDENT_EDIT, false);
+        bound.ClickItem(IDC_TEST_SUBJECT);
+    });
+    EXPECT_FALSE(wasEnabled);
+}
+
+TEST_F(PageBeingFilled, KnowsNoControlThatIsNotThere) {
+    constexpr UINT kNone = 9999;
+    Open(IDD_TEST_CHECKBOX, [&](TestPage& bound) {
+        EXPECT_EQ(bound.Item(kNone), nullptr);
+        bound.EnableItem(kNone, true);
+        EXPECT_FALSE(bound.IsItemEnabled(kNone));
+    });
+}
+
 TEST_F(PageOfBoundControls, EnablesShowsAndChecksItsItems) {
     OpenCheckbox();
     page.EnableItem(IDC_TEST_DEPENDENT_EDIT, false);

@@ -19,7 +19,9 @@ constexpr wchar_t kLong[] = L"An item that is much longer than its list is wide"
 
 class TextLines : public ControlTest {
   protected:
-    TextLines() {
+    TextLines() { OpenPage(); }
+
+    void OpenPage() {
         Open(IDD_TEST_TEXT_LINES, [this](TestPage& bound) {
             for (HWND child : ChildrenOf(bound.Handle()))
                 m_before[GetDlgCtrlID(child)] = PlaceIn(child, bound.Handle()).top;
@@ -53,6 +55,12 @@ TEST_F(TextLines, AreSharedByLabelsAndWhatTheyStandBeside) {
         EXPECT_FALSE(HasMoved(control)) << control;
         EXPECT_NEAR(Baseline(label), Baseline(control), 1) << label;
     }
+}
+
+TEST_F(TextLines, AreSharedEachTimeThatTheDialogOpens) {
+    OpenPage();
+    EXPECT_TRUE(HasMoved(IDC_TEST_LABEL));
+    EXPECT_NEAR(Baseline(IDC_TEST_LABEL), Baseline(IDC_TEST_SUBJECT), 1);
 }
 
 TEST_F(TextLines, AreNotThoseOfButtonsNorOfBoxesBelow) {

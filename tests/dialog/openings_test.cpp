@@ -76,7 +76,7 @@ TEST_F(DialogOpenings, AgainAndAgainLeaveNoMoreBehindThanTheirBareTemplates) {
 }
 
 TEST_F(DialogOpenings, WithAllPagesLeaveNoMoreBehindThanTheirBareTemplates) {
-    const Openings openings = {.before = 5, .times = Effort(15, 2000), .counts = 15};
+    const Openings openings = {.before = 5, .times = Effort(15, 2000), .counts = Effort(15, 20)};
     const Growth bare = OpenBare(AllPages, openings);
     const Growth growth = Open(AllPages, openings);
     bare.Print("openings of the bare templates of all pages");
