@@ -5,14 +5,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstddef>
 #include <functional>
 #include <memory>
 #include <random>
-#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -25,6 +23,7 @@
 #include "tests/chaos/visit.h"
 #include "tests/component/class_registry.h"
 #include "tests/support/effort.h"
+#include "tests/support/import_faults.h"
 #include "tests/support/loaded_module.h"
 #include "tests/support/test_font.h"
 #include "tests/support/wait.h"
@@ -390,52 +389,6 @@ TEST_F(Apartments, GoOnBesideThreadsThatEndWithTheirDialogOpen) {
                  {{"threads", rounds * static_cast<long>(kApartments) / 2}});
 }
 
-// Calls of one function of the C runtime that the module makes are seen here first.
-class FreeWatch {
-  public:
-    FreeWatch(HMODULE module, std::function<void()> look) : m_slot(SlotOf(module)) {
-        s_look = std::move(look);
-        s_free = reinterpret_cast<Free*>(*m_slot);
-        Write(reinterpret_cast<void*>(&LookAndFree));
-    }
-    ~FreeWatch() { Write(reinterpret_cast<void*>(s_free)); }
-    FreeWatch(const FreeWatch&) = delete;
-    FreeWatch& operator=(const FreeWatch&) = delete;
-
-  private:
-    using Free = void(void*);
-
-    static void LookAndFree(void* block) {
-        s_look();
-        s_free(block);
-    }
-
-    // Among the module's imports.
-    static void** SlotOf(HMODULE module) {
-        auto* const base = reinterpret_cast<std::byte*>(module);
-        const auto* const dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-        const auto* const headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-        const auto& imports = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IAT];
-        auto* const first = reinterpret_cast<void**>(base + imports.VirtualAddress);
-        void** const end = first + imports.Size / sizeof(void*);
-        void* const free = reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"msvcrt.dll"), "free"));
-        void** const slot = std::find(first, end, free);
-        if (slot == end) throw std::runtime_error("the module frees nothing");
-        return slot;
-    }
-
-    void Write(void* function) const {
-        DWORD protection = 0;
-        VirtualProtect(m_slot, sizeof *m_slot, PAGE_READWRITE, &protection);
-        *m_slot = function;
-        VirtualProtect(m_slot, sizeof *m_slot, protection, &protection);
-    }
-
-    static inline std::function<void()> s_look;
-    static inline Free* s_free = nullptr;
-    void** const m_slot;
-};
-
 // Another thread that hears that the module may go, and frees it, takes away the code that is at work here:
 // the heap may keep it waiting for as long as it likes.
 TEST_F(Apartments, FreeTheMemoryOfAnObjectBeforeTheModuleMayGo) {
@@ -444,11 +397,13 @@ TEST_F(Apartments, FreeTheMemoryOfAnObjectBeforeTheModuleMayGo) {
     auto object = module.CreatePreferences();
     int freed = 0;
     int tooLate = 0;
-    const FreeWatch watch(module.get(), [&] {
+    const ImportFaults watched(module.get());
+    ImportFaults::BeforeEachFree([&] {
         ++freed;
         if (module.CanUnloadNow() == S_OK) ++tooLate;
     });
     object.reset();
+    ImportFaults::BeforeEachFree({});
     EXPECT_GT(freed, 0);
     EXPECT_EQ(tooLate, 0);
     EXPECT_EQ(module.CanUnloadNow(), S_OK);

@@ -10,6 +10,7 @@
 #include <span>
 #include <stdexcept>
 #include <type_traits>
+#include <utility>
 
 namespace vmk::test {
 namespace {
@@ -52,6 +53,8 @@ void LookThrough(const void* block) {
                                 wantedText.size() * sizeof(wchar_t));
     if (bytes.find(wide) != bytes.npos || bytes.find(narrowWantedText) != bytes.npos) ++blocksWithText;
 }
+
+std::function<void()> beforeFree;
 
 // A string literal as a template argument.
 template <std::size_t kSize>
@@ -114,6 +117,7 @@ struct Reallocator : StandIn<"realloc", void*(void*, std::size_t), 0, ERROR_SUCC
 struct Deallocator : StandIn<"free", void(void*), 0, ERROR_SUCCESS> {
     static void Call(void* block) {
         if (block) LookThrough(block);
+        if (block && beforeFree) beforeFree();
         if (block && !(s_isPlanned && countdown.IsFailing())) --blocks;
         Original(block);
     }
@@ -305,6 +309,10 @@ void ImportFaults::LookFor(const std::wstring& text) {
 
 long ImportFaults::FreedWithText() {
     return blocksWithText;
+}
+
+void ImportFaults::BeforeEachFree(std::function<void()> look) {
+    beforeFree = std::move(look);
 }
 
 bool ImportFaults::HaveFailed() const {

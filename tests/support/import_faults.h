@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,6 +53,9 @@ class ImportFaults {
     static void LookFor(const std::wstring& text);
     // In how many of them it was.
     static long FreedWithText();
+
+    // What is done, from now on, before a block is given back; nothing: an empty function.
+    static void BeforeEachFree(std::function<void()> look);
 
     // The functions that can be made to fail and that the module imports.
     const std::vector<std::string>& Functions() const { return m_functions; }
