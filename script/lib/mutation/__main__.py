@@ -71,15 +71,15 @@ class Run:
         self.folder = self.project / "build" / "mutate"
         self.texts = {name: (self.project / name).read_bytes() for name in trees.files_of(self.project)
                       if Path(name).suffix in (".cpp", ".h", ".rc", ".txt", ".cmake", ".md", ".idl")}
-        self.woven = self.trees("woven", lenient=True)
-        self.plain = self.trees("plain", lenient=False)
+        self.plain = self.trees("plain")
+        self.woven = self.trees("woven", tools=self.folder / "plain" / "source")
         self.results_file = self.folder / "results.jsonl"
         self.results = {}
         self.lock = threading.Lock()
 
-    def trees(self, name, lenient):
+    def trees(self, name, tools=None):
         base = self.folder / name
-        return [trees.Tree(kind, base / "source", base / kind, self.options.jobs, lenient)
+        return [trees.Tree(kind, base / "source", base / kind, self.options.jobs, tools)
                 for kind in trees.kinds_of(self.project)]
 
     def sources(self, paths):

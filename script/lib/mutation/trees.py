@@ -98,15 +98,17 @@ class Entry:
 class Tree:
     """A build tree of a copy."""
 
-    def __init__(self, kind, source, folder, jobs, lenient):
-        self.kind, self.source, self.folder, self.jobs, self.lenient = kind, source, folder, jobs, lenient
+    def __init__(self, kind, source, folder, jobs, tools=None):
+        """`tools` is the untouched copy where this one is of changed sources, which the tools of the build cannot read."""
+        self.kind, self.source, self.folder, self.jobs, self.tools = kind, source, folder, jobs, tools
 
     def configure(self):
         if (self.folder / "build.ninja").exists():
             return
-        flags = f"{LENIENT} -include {HERE / 'switch.h'}" if self.lenient else "-w"
+        flags = f"{LENIENT} -include {HERE / 'switch.h'}" if self.tools else "-w"
         subprocess.run(["cmake", "-S", str(self.source), "-B", str(self.folder), "-G", "Ninja",
-                        f"-DCMAKE_CXX_FLAGS={flags}", *KINDS[self.kind]],
+                        f"-DCMAKE_CXX_FLAGS={flags}", f"-DVMK_TOOLS_SOURCE_DIR={self.tools or self.source}",
+                        *KINDS[self.kind]],
                        cwd=self.source, check=True, stdout=subprocess.DEVNULL)
 
     def build(self, *targets, keep_going=False):
