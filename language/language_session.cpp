@@ -79,7 +79,6 @@ LanguageSession::LanguageSession(std::string folder, std::wstring_view product)
 }
 
 void LanguageSession::Scan() {
-    m_languages.clear();
     WIN32_FIND_DATAA found;
     HANDLE handle = FindFirstFileA((m_folder + "*.vlf").c_str(), &found);
     if (handle == INVALID_HANDLE_VALUE) return;

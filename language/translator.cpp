@@ -19,11 +19,11 @@ bool IsPasswordEdit(HWND window) {
 }
 
 std::wstring ItemText(HMENU menu, UINT position) {
+    std::wstring text;
     const int length = GetMenuStringW(menu, position, nullptr, 0, MF_BYPOSITION);
-    if (length <= 0) return {};
-    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-    text.resize(
-        static_cast<std::size_t>(GetMenuStringW(menu, position, text.data(), length + 1, MF_BYPOSITION)));
+    text.resize(static_cast<std::size_t>(length));
+    // The terminator has its place behind the text.
+    GetMenuStringW(menu, position, text.data(), length + 1, MF_BYPOSITION);
     return text;
 }
 

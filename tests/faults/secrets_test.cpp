@@ -15,8 +15,11 @@
 namespace vmk::test {
 namespace {
 
-// A long text has memory of its own; a short one is a part of the record.
+// A long text has memory of its own; a short one is a part of the record. Of the longest even the form that
+// the registry keeps needs memory of its own.
 const std::wstring kPassPhrase = L"a pass phrase that nobody else has";
+const std::wstring kEndOfLongest = L" open sesame";
+const std::wstring kLongest = std::wstring(2000, L'*') + kEndOfLongest;
 const std::wstring kPassword = L"Tr0ub4d";
 const std::wstring kTitle = L"a title that anybody may see";
 
@@ -26,8 +29,8 @@ class GivenBackMemory : public testing::TestWithParam<Ending> {
   protected:
     long BlocksWith(const std::wstring& text) {
         PrinterSettings settings = SettingsInFullUse();
-        settings.Security.UserPwd = settings.Security.OwnerPwd = settings.Security.Digisig.PFXPassword =
-            kPassPhrase;
+        settings.Security.UserPwd = settings.Security.OwnerPwd = kPassPhrase;
+        settings.Security.Digisig.PFXPassword = kLongest;
         settings.Email.SMTP.Password = settings.Overlay.Password = kPassword;
         settings.Info.Title = kTitle;
         const ComApartment apartment;
@@ -42,6 +45,9 @@ class GivenBackMemory : public testing::TestWithParam<Ending> {
             const ScratchSettings other;
             object->StoreInRegistry(AllPages, AutomationString(other.SubKey()).get());
             object->UseDefaultValues(AllPages);
+            Load(*object, settings);
+            // Longer ones take the place of those that are there.
+            settings.Security.UserPwd = kLongest;
             Load(*object, settings);
         }
         return ImportFaults::FreedWithText();
@@ -59,6 +65,8 @@ class GivenBackMemory : public testing::TestWithParam<Ending> {
 
 TEST_P(GivenBackMemory, HoldsNoPassword) {
     EXPECT_EQ(BlocksWith(kPassPhrase), 0);
+    EXPECT_EQ(BlocksWith(kPassPhrase.substr(kPassPhrase.size() / 2)), 0);
+    EXPECT_EQ(BlocksWith(kEndOfLongest), 0);
     EXPECT_EQ(BlocksWith(kPassword), 0);
 }
 

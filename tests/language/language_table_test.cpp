@@ -121,18 +121,23 @@ TEST(LanguageTable, AgreesWithAMapOnManyTextsThatShareTheirBeginnings) {
     }
 }
 
-/// Texts that the table puts all in one place, as somebody would choose them to make it slow.
-std::vector<std::wstring> TextsInOneBucket(std::size_t count) {
+/// Texts that a table of twice as many puts all in one place, as somebody would choose them to make it slow:
+/// the so-manieth from the first or, negative, from the last.
+std::vector<std::wstring> TextsInOneBucket(std::size_t count, std::ptrdiff_t place) {
+    const std::size_t buckets = std::bit_ceil(2 * count);
     std::vector<std::wstring> texts;
     for (int i = 0; texts.size() < count; ++i) {
         std::wstring text = L"text " + std::to_wstring(i);
-        if (std::hash<std::wstring_view>{}(text) % std::bit_ceil(2 * count) == 0) texts.push_back(text);
+        if ((std::hash<std::wstring_view>{}(text) - static_cast<std::size_t>(place)) % buckets == 0)
+            texts.push_back(text);
     }
     return texts;
 }
 
-TEST(LanguageTable, TextsOfOneBucketAreAllFoundAndTheFirstOfEachCounts) {
-    const std::vector<std::wstring> texts = TextsInOneBucket(100);
+class LanguageTableOfOneBucket : public testing::TestWithParam<std::ptrdiff_t> {};
+
+TEST_P(LanguageTableOfOneBucket, FindsAllTextsAndTheFirstOfEachCounts) {
+    const std::vector<std::wstring> texts = TextsInOneBucket(100, GetParam());
     std::vector<LanguageEntry> entries;
     for (const std::wstring& text : texts) entries.push_back({text, text});
     for (const std::wstring& text : texts) entries.push_back({text, L"later"});
@@ -144,6 +149,8 @@ TEST(LanguageTable, TextsOfOneBucketAreAllFoundAndTheFirstOfEachCounts) {
         EXPECT_FALSE(table.Find(text + L'a'));
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(FirstAndLast, LanguageTableOfOneBucket, testing::Values(0, -1));
 
 }  // namespace
 }  // namespace vmk::test

@@ -421,6 +421,20 @@ TEST_F(TranslatedMenus, SeparatorsStaySeparators) {
     EXPECT_EQ(ItemText(m_menu, 2), L"Abbrechen");
 }
 
+TEST_F(TranslatedMenus, TextsOfSeparatorsAreLeftAlone) {
+    OpenGerman();
+    std::wstring text = L"OK";
+    MENUITEMINFOW separator{};
+    separator.cbSize = sizeof(separator);
+    separator.fMask = MIIM_FTYPE | MIIM_STRING;
+    separator.fType = MFT_SEPARATOR;
+    separator.dwTypeData = text.data();
+    ASSERT_TRUE(InsertMenuItemW(m_menu, 0, TRUE, &separator));
+    ASSERT_EQ(ItemText(m_menu, 0), L"OK");
+    m_translator.TranslateMenu(m_menu);
+    EXPECT_EQ(ItemText(m_menu, 0), L"OK");
+}
+
 TEST_F(TranslatedMenus, SubmenusOfSeparatorsAndOfItemsWithoutTextAreTranslated) {
     OpenGerman();
     HMENU underEmpty = CreatePopupMenu();
