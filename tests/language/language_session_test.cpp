@@ -161,6 +161,18 @@ TEST_F(LanguageSessions, FilesThatCannotBeReadAreIgnored) {
     EXPECT_TRUE(RemoveDirectoryA(m_folder.NarrowFile("e.vlf").c_str()));
 }
 
+TEST_F(LanguageSessions, FilesThatSomebodyHasOpenAreRead) {
+    m_folder.WriteText(L"a.vlf", FileText(L"0407", L"Ja"));
+    for (const DWORD access : {DWORD{GENERIC_READ}, DWORD{GENERIC_WRITE}, DWORD{DELETE}}) {
+        constexpr DWORD kWithEverybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+        HANDLE open = CreateFileA(m_folder.NarrowFile("a.vlf").c_str(), access, kWithEverybody, nullptr,
+                                  OPEN_EXISTING, 0, nullptr);
+        ASSERT_NE(open, INVALID_HANDLE_VALUE);
+        EXPECT_EQ(Langids(Open()), std::vector<std::uint32_t>{0x407}) << access;
+        CloseHandle(open);
+    }
+}
+
 TEST_F(LanguageSessions, FirstOfTwoFilesForOneLanguageIsUsed) {
     // Which one is first is the system's choice.
     for (const wchar_t* name : {L"b.vlf", L"a.vlf", L"c.vlf"})

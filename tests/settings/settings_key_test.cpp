@@ -234,6 +234,14 @@ TEST(SettingsKeyPath, LimitIsThatOfOneName) {
     EXPECT_FALSE(SettingsKeyPath(std::wstring(255, L'n') + L'\\' + std::wstring(256, L'n')));
 }
 
+TEST(SettingsKeyPath, SubKeyOf16384CharactersIsTheLongest) {
+    std::wstring longest;
+    while (longest.size() < 16384) longest += std::wstring(127, L'n') + L'\\';
+    EXPECT_EQ(longest.size(), 16384U);
+    EXPECT_TRUE(SettingsKeyPath(longest));
+    EXPECT_FALSE(SettingsKeyPath(longest + L'n'));
+}
+
 TEST(SettingsKeyPath, SubKeyOfAQuarterOfTheAddressableCharactersCountsAsNone) {
     constexpr std::size_t kLength = 0x40000000;
     // Address space only: reading one character of it would end the test.
