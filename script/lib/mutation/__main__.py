@@ -388,7 +388,6 @@ class Run:
     def report(self):
         explained = self.explanations()
         counts, left, stale = {}, [], []
-        chosen = {mutant.key() for mutant in self.chosen}
         for mutant in self.chosen:
             count = counts.setdefault(mutant.file.split("/")[0], Counter())
             one = self.known(mutant)
@@ -401,9 +400,9 @@ class Run:
             count[result] += 1
             if reason and result != "explained":
                 stale.append((mutant.key(), f"it is {result}"))
-        everything = {mutant.key() for mutant in self.all}
+        everything = {mutant.key() for found in self.found.values() for mutant in found.mutants}
         stale += [(key, "there is no such mutant") for key in explained
-                  if key not in everything and key not in chosen and key[0] in self.found]
+                  if key not in everything and key[0] in self.found]
         stale += [(key, "there is no such file") for key in explained if key[0] not in self.texts]
         self.print_report(counts, left, stale, explained)
         return 1 if left or stale else 0
