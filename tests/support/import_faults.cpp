@@ -7,6 +7,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <stdexcept>
 #include <type_traits>
@@ -56,6 +57,11 @@ void LookThrough(const void* block) {
 
 std::function<void()> beforeFree;
 
+// What a block held before somebody else gave it back is not the module's: it must not be found.
+void FillAnew(void* block, std::size_t from) {
+    if (block && !wantedText.empty()) std::memset(static_cast<char*>(block) + from, 0, _msize(block) - from);
+}
+
 // A string literal as a template argument.
 template <std::size_t kSize>
 struct Literal {
@@ -100,6 +106,7 @@ struct Allocator : StandIn<kName, void*(Arguments...), 0, ERROR_SUCCESS> {
     static void* Call(Arguments... arguments) {
         void* const block = StandIn<kName, void*(Arguments...), 0, ERROR_SUCCESS>::Call(arguments...);
         NoteAllocation(block);
+        FillAnew(block, 0);
         return block;
     }
 };
@@ -107,8 +114,10 @@ struct Allocator : StandIn<kName, void*(Arguments...), 0, ERROR_SUCCESS> {
 struct Reallocator : StandIn<"realloc", void*(void*, std::size_t), 0, ERROR_SUCCESS> {
     static void* Call(void* block, std::size_t size) {
         if (block) LookThrough(block);
+        const std::size_t before = block ? _msize(block) : 0;
         void* const moved = StandIn::Call(block, size);
         if (!block) NoteAllocation(moved);
+        if (before < size) FillAnew(moved, before);
         return moved;
     }
 };
