@@ -117,9 +117,11 @@ void BoundDialog::Fill() {
     m_beingFilled->Settle();
     if (m_hasRadioButtons) PrepareRadioButtons(m_beingFilled->Windows());
     m_beingFilled.reset();
+    // Most pages are never looked at; a dialog of its own is, and not every way of showing it is told.
+    const bool isPage = (GetWindowLongW(Handle(), GWL_STYLE) & WS_CHILD) != 0;
+    if (!isPage) FitTextsOnce();
 }
 
-// Most pages are never looked at.
 void BoundDialog::FitTextsOnce() {
     if (m_fitsTexts) return;
     FitTexts(Handle());

@@ -79,6 +79,32 @@ TEST_F(TextLines, OfItemsFitIntoTheListThatDropsDown) {
     }
 }
 
+class UnseenTextLines : public ControlTest {
+  protected:
+    UnseenTextLines() {
+        page.bind = [](TestPage&) {};
+    }
+
+    bool LabelHasMoved() const {
+        RECT inTemplate = {.left = 0, .top = 12, .right = 0, .bottom = 0};
+        MapDialogRect(page.Handle(), &inTemplate);
+        return PlaceIn(Control(IDC_TEST_LABEL), page.Handle()).top != inTemplate.top;
+    }
+};
+
+TEST_F(UnseenTextLines, OfAPageAreSharedWhenItIsShown) {
+    Open(IDD_TEST_UNSEEN_PAGE, page.bind);
+    EXPECT_FALSE(LabelHasMoved());
+    ShowWindow(page.Handle(), SW_SHOW);
+    EXPECT_TRUE(LabelHasMoved());
+}
+
+TEST_F(UnseenTextLines, OfADialogAreSharedFromTheBeginning) {
+    ASSERT_TRUE(page.Create(IDD_TEST_UNSEEN_DIALOG, nullptr));
+    EXPECT_TRUE(LabelHasMoved());
+    DestroyWindow(page.Handle());
+}
+
 class ShortTextLines : public TextLines {
   public:
     static void SetUpTestSuite() { s_itemText = L"Brief"; }

@@ -81,6 +81,32 @@ TEST_F(StoreWithAFault, ReadsNumbersWithoutMemory) {
     }
 }
 
+TEST_F(StoreWithAFault, LeavesATextOfTheRegistryThatCannotBeConverted) {
+    PrinterSettings before;
+    before.Info.Title = before.Info.Subject = L"before";
+    PrinterSettings after;
+    after.Info.Title = after.Info.Subject = L"after";
+    const RootSettings root;  // where a sub-key leads that cannot be converted
+    const ScratchSettings key;
+    const AutomationString subKey(key.SubKey());
+    Load(*m_object, after);
+    long kept = 0;
+    for (long call = 1;; ++call) {
+        key.Store(before);
+        m_faults.Fail({.function = "WideCharToMultiByte", .first = call});
+        m_object->StoreInRegistry(DocumentInfo, subKey.get());
+        m_faults.Stop();
+        if (!m_faults.HaveFailed()) break;
+        const PrinterSettings stored = key.Load();
+        for (const std::wstring& text : {stored.Info.Title, stored.Info.Subject}) {
+            EXPECT_TRUE(text == L"before" || text == L"after") << call;
+            kept += text == L"before" ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(key.Load(), after);
+    EXPECT_GT(kept, 0);
+}
+
 // The mail server's dialog, which stands over the main one.
 class MailServerWithAFault : public PageTest {
   protected:

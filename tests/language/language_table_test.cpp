@@ -121,8 +121,8 @@ TEST(LanguageTable, AgreesWithAMapOnManyTextsThatShareTheirBeginnings) {
     }
 }
 
-/// Texts that a table of twice as many puts all in one place, as somebody would choose them to make it slow:
-/// the so-manieth from the first or, negative, from the last.
+/// Texts that a table of twice as many puts all in one place, as somebody would choose them to make it slow.
+/// Places are counted from the first, which is 0, or with negative numbers from the last, which is -1.
 std::vector<std::wstring> TextsInOneBucket(std::size_t count, std::ptrdiff_t place) {
     const std::size_t buckets = std::bit_ceil(2 * count);
     std::vector<std::wstring> texts;
