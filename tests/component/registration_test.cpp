@@ -6,6 +6,8 @@
 #include <string>
 
 #include "tests/component/class_registry.h"
+#include "tests/support/counters.h"
+#include "tests/support/import_faults.h"
 #include "tests/support/loaded_module.h"
 
 namespace vmk::test {
@@ -138,6 +140,27 @@ TEST_F(Registration, LeavesNothingThatKeepsTheModuleLoaded) {
     EXPECT_EQ(module.CanUnloadNow(), S_OK);
     EXPECT_EQ(module.UnregisterServer(), S_OK);
     EXPECT_EQ(module.CanUnloadNow(), S_OK);
+}
+
+TEST_F(Registration, LeavesNoMemoryBehind) {
+    const LoadedModule module;
+    const auto registerAndUndo = [&module] {
+        EXPECT_EQ(module.RegisterServer(), S_OK);
+        EXPECT_EQ(module.UnregisterServer(), S_OK);
+    };
+    registerAndUndo();
+    const std::size_t before = CountResources().heapBlocks;
+    for (int i = 0; i < 5; ++i) registerAndUndo();
+    EXPECT_EQ(CountResources().heapBlocks, before);
+}
+
+TEST_F(Registration, AndItsUndoingSayWhereTheTypeLibraryCannotBeRead) {
+    const LoadedModule module;
+    ImportFaults faults(module.get());
+    faults.Fail({.function = "LoadTypeLibEx", .lasting = true});
+    EXPECT_EQ(module.RegisterServer(), TYPE_E_CANTLOADLIBRARY);
+    EXPECT_EQ(module.UnregisterServer(), TYPE_E_CANTLOADLIBRARY);
+    EXPECT_TRUE(faults.HaveFailed());
 }
 
 TEST_F(Registration, LetsHostsCreateTheObjectByIdAndByName) {

@@ -1,4 +1,8 @@
+#include <windows.h>
+
 #include <gtest/gtest.h>
+// It needs windows.h before it.
+#include <commctrl.h>
 
 #include <algorithm>
 
@@ -59,6 +63,13 @@ TEST(PageList, IconsStandBesideTheirPagesOnly) {
         const auto row = std::ranges::find(expected, names[index], &std::pair<std::wstring, int>::first);
         EXPECT_EQ(icons[index], row == expected.end() ? 0 : row->second) << index;
     }
+}
+
+TEST(PageList, HasTheIconsOfThePages) {
+    const LiveDialog dialog;
+    auto* const icons = ListView_GetImageList(dialog.Navigator().Control(IDC_NAVIGATOR_LIST), LVSIL_SMALL);
+    // An empty one, and those of eight pages.
+    EXPECT_EQ(ImageList_GetImageCount(icons), 9);
 }
 
 TEST(PageList, WithoutPagesTheDialogIsEmptyAndOkAnswers1) {

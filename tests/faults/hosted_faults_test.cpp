@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 
 #include "resources/ids/watermarks.h"
@@ -58,27 +59,46 @@ TEST_F(HostInAFolder, IsInThatOfTheModuleUntilItsOwnIsTheCurrentOneAgain) {
     EXPECT_EQ(CurrentFolder() + L'\\', FolderOf(m_module.get()));
 }
 
+// A host that ends the dialog with OK at a moment at which no memory is to be had.
+class HostWithoutMemory : public testing::Test {
+  protected:
+    HostWithoutMemory() {
+        m_loaded.Info.Title = L"A text that takes memory of its own";
+        m_loaded.Watermarks.Print = 0;
+        m_settings.Store(m_loaded);
+        m_dialog.emplace(LiveDialog::Options{.pages = page_bit::kWatermarks, .settings = &m_settings});
+    }
+
+    // What OpenDialog answers.
+    int EndWithOk() {
+        m_dialog->Call([this](IPdfPrinterPreferences&) {
+            m_faults.Fail({.function = "memory", .lasting = true, .thread = GetCurrentThreadId()});
+            EndDialog(m_dialog->Main().Handle(), IDOK);
+        });
+        const int answer = m_dialog->WaitForResult();
+        m_faults.Stop();
+        return answer;
+    }
+
+    PrinterSettings m_loaded = SettingsInFullUse();
+    ScratchSettings m_settings;
+    LoadedModule m_module;
+    ImportFaults m_faults{m_module.get()};
+    std::optional<LiveDialog> m_dialog;
+};
+
 // What it would store can be kept nowhere until the result is known.
-TEST(HostWithAFault, ThatEndsTheDialogWithOkIsToldWhenNothingIsStored) {
-    PrinterSettings loaded = SettingsInFullUse();
-    loaded.Info.Title = L"A text that takes memory of its own";
-    loaded.Watermarks.Print = 0;
-    const ScratchSettings settings;
-    settings.Store(loaded);
-    const LoadedModule module;
-    ImportFaults faults(module.get());
-    LiveDialog dialog({.pages = page_bit::kWatermarks, .settings = &settings});
-    dialog.VisiblePage().Click(IDC_WATERMARKS_PRINT);
-    dialog.Call([&](IPdfPrinterPreferences&) {
-        faults.Fail({.function = "memory", .lasting = true, .thread = GetCurrentThreadId()});
-        EndDialog(dialog.Main().Handle(), IDOK);
-    });
-    const int answer = dialog.WaitForResult();
-    faults.Stop();
-    EXPECT_TRUE(faults.HaveFailed());
-    EXPECT_EQ(answer, IDCANCEL);
-    EXPECT_EQ(dialog.Record().Watermarks.Print, 0);
-    EXPECT_EQ(dialog.Record().Info.Title, loaded.Info.Title);
+TEST_F(HostWithoutMemory, IsToldWhenNothingIsStored) {
+    m_dialog->VisiblePage().Click(IDC_WATERMARKS_PRINT);
+    EXPECT_EQ(EndWithOk(), IDCANCEL);
+    EXPECT_TRUE(m_faults.HaveFailed());
+    EXPECT_EQ(m_dialog->Record().Watermarks.Print, 0);
+    EXPECT_EQ(m_dialog->Record().Info.Title, m_loaded.Info.Title);
+}
+
+TEST_F(HostWithoutMemory, NeedsNoneWhereNothingIsChanged) {
+    EXPECT_EQ(EndWithOk(), IDOK);
+    EXPECT_EQ(m_dialog->Record().Info.Title, m_loaded.Info.Title);
 }
 
 }  // namespace

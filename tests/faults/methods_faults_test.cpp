@@ -4,6 +4,7 @@
 
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "tests/faults/opening.h"
 #include "tests/settings/member_values.h"
@@ -132,19 +133,38 @@ TEST_F(MethodWithAFault, TakesASubKeyThatCannotBeConvertedForNone) {
     }
 }
 
-TEST(TypeDescriptionWithAFault, IsNoneWhereTheFileOfTheModuleCannotBeFound) {
-    const ComApartment apartment;
-    const LoadedModule module;
-    const auto object = module.CreatePreferences();
-    ImportFaults faults(module.get());
-    faults.Fail({.function = "GetModuleFileNameW", .lasting = true});
-    ComPointer<ITypeInfo> info;
-    EXPECT_TRUE(FAILED(object->GetTypeInfo(0, 0, info.put())));
-    EXPECT_FALSE(info);
-    EXPECT_TRUE(faults.HaveFailed());
-    faults.Stop();
-    EXPECT_EQ(object->GetTypeInfo(0, 0, info.put()), S_OK);
-    EXPECT_TRUE(info);
+class TypeDescriptionWithAFault : public testing::Test {
+  protected:
+    // What has to come of it while the function fails for good, and afterwards.
+    void ExpectNone(std::string_view function) {
+        const auto object = m_module.CreatePreferences();
+        ComPointer<ITypeInfo> info;
+        std::wstring method = L"OpenDialog";
+        wchar_t* names = method.data();
+        DISPID found = 0;
+        m_faults.Fail({.function = function, .lasting = true});
+        EXPECT_TRUE(FAILED(object->GetTypeInfo(0, 0, info.put())));
+        EXPECT_FALSE(info);
+        EXPECT_TRUE(FAILED(object->GetIDsOfNames(IID_NULL, &names, 1, 0, &found)));
+        EXPECT_EQ(found, DISPID_UNKNOWN);
+        EXPECT_TRUE(m_faults.HaveFailed());
+        m_faults.Stop();
+        EXPECT_EQ(object->GetTypeInfo(0, 0, info.put()), S_OK);
+        EXPECT_TRUE(info);
+        EXPECT_EQ(object->GetIDsOfNames(IID_NULL, &names, 1, 0, &found), S_OK);
+    }
+
+    ComApartment m_apartment;
+    LoadedModule m_module;
+    ImportFaults m_faults{m_module.get()};
+};
+
+TEST_F(TypeDescriptionWithAFault, IsNoneWhereTheFileOfTheModuleCannotBeFound) {
+    ExpectNone("GetModuleFileNameW");
+}
+
+TEST_F(TypeDescriptionWithAFault, IsNoneWhereTheFileOfTheModuleCannotBeRead) {
+    ExpectNone("LoadTypeLibEx");
 }
 
 }  // namespace

@@ -375,6 +375,7 @@ TEST_F(FontsPage, TheListsShareTheirIconsAndHaveOneColumnBesideWhichAScrollBarFi
     constexpr LONG kCommon =
         LVS_REPORT | LVS_SORTASCENDING | LVS_NOCOLUMNHEADER | LVS_SHAREIMAGELISTS | WS_TABSTOP;
     auto* const icons = ListView_GetImageList(page.Control(IDC_FONTS_AVAILABLE), LVSIL_SMALL);
+    EXPECT_EQ(ImageList_GetImageCount(icons), 5);
     for (const UINT id : kLists) {
         HWND list = page.Control(id);
         const LONG style = GetWindowLongW(list, GWL_STYLE);

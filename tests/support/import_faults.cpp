@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 #include <malloc.h>
+#include <oleauto.h>
 
 #include <algorithm>
 #include <atomic>
@@ -203,6 +204,7 @@ std::span<const Row> Rows() {
         Failing<"CreateFileA", decltype(CreateFileA), kNoHandle, ERROR_SHARING_VIOLATION>(),
         Failing<"GetFileSizeEx", decltype(GetFileSizeEx), 0, ERROR_INVALID_FUNCTION>(),
         Failing<"ReadFile", decltype(ReadFile), 0, ERROR_LOCK_VIOLATION>(),
+        Failing<"LoadTypeLibEx", decltype(LoadTypeLibEx), TYPE_E_CANTLOADLIBRARY, kNoError>(),
         Failing<"MultiByteToWideChar", decltype(MultiByteToWideChar), 0, ERROR_NO_UNICODE_TRANSLATION>(),
         Failing<"WideCharToMultiByte", decltype(WideCharToMultiByte), 0, ERROR_INVALID_PARAMETER>(),
     };
