@@ -5,9 +5,14 @@
 #include <commctrl.h>
 #include <olectl.h>
 
+#include <array>
+#include <cstddef>
+#include <new>
+
 #include "controls/checkbox.h"
 #include "controls/edit_text.h"
 #include "controls/number_box.h"
+#include "controls/plain_text.h"
 #include "tests/controls/live_page.h"
 
 namespace vmk::test {
@@ -157,6 +162,15 @@ TEST_F(PageBeingFilled, HasItsControlsEnabledAndDisabledBeforeAClick) {
     EXPECT_FALSE(wasEnabled);
 }
 
+TEST_F(PageBeingFilled, IsRememberedByNoLaterClick) {
+    Open(IDD_TEST_CHECKBOX, [](TestPage& bound) { bound.EnableItem(IDC_TEST_DEPENDENT_EDIT, false); });
+    EnableWindow(Control(IDC_TEST_DEPENDENT_EDIT), TRUE);
+    EnableWindow(Control(IDC_TEST_DEPENDENT_BUTTON), FALSE);
+    page.ClickItem(IDC_TEST_SUBJECT);
+    EXPECT_TRUE(IsEnabled(IDC_TEST_DEPENDENT_EDIT));
+    EXPECT_FALSE(IsEnabled(IDC_TEST_DEPENDENT_BUTTON));
+}
+
 TEST_F(PageBeingFilled, KnowsNoControlThatIsNotThere) {
     constexpr UINT kNone = 9999;
     Open(IDD_TEST_CHECKBOX, [&](TestPage& bound) {
@@ -180,6 +194,18 @@ TEST_F(PageOfBoundControls, EnablesShowsAndChecksItsItems) {
     EXPECT_TRUE(page.IsItemChecked(IDC_TEST_SUBJECT));
     page.CheckItem(IDC_TEST_SUBJECT, false);
     EXPECT_FALSE(page.IsItemChecked(IDC_TEST_SUBJECT));
+}
+
+// What is left of the dialog is overwritten: whoever still went there would not come back.
+TEST(BoundValues, OutliveTheirDialog) {
+    alignas(TestPage) std::array<std::byte, sizeof(TestPage)> room{};
+    auto* const dialog = new (room.data()) TestPage;
+    PlainText value;
+    dialog->Register(value);
+    dialog->~TestPage();
+    room.fill(std::byte{0});
+    TestPage another;
+    another.Register(value);
 }
 
 }  // namespace

@@ -143,5 +143,19 @@ TEST_F(FocusOfRadioButtons, EveryButtonIsAskedNotToClickItself) {
     EXPECT_EQ(askedNotToClick, expected);
 }
 
+// Styles mean something else to each class: of a button, this one says that it is a radio button.
+TEST_F(FocusOfRadioButtons, LeavesAloneWhatIsNoButton) {
+    constexpr DWORD kFrame = SS_WHITEFRAME;
+    static_assert(kFrame == BS_AUTORADIOBUTTON);
+    Open(2);
+    HWND frame = CreateWindowW(L"STATIC", nullptr, WS_CHILD | WS_TABSTOP | kFrame, 0, 0, 9, 9, page.Handle(),
+                               nullptr, nullptr, nullptr);
+    ASSERT_TRUE(frame);
+    const std::vector<HWND> controls = {frame, Control(IDC_TEST_OTHER_RADIO)};
+    PrepareRadioButtons(controls);
+    EXPECT_TRUE(GetWindowLongW(frame, GWL_STYLE) & WS_TABSTOP);
+    EXPECT_FALSE(HasOnlyGotFocus(frame));
+}
+
 }  // namespace
 }  // namespace vmk::test

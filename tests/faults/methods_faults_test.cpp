@@ -133,6 +133,16 @@ TEST_F(MethodWithAFault, TakesASubKeyThatCannotBeConvertedForNone) {
     }
 }
 
+TEST_F(MethodWithAFault, OpenDialogSaysThatItIsForWantOfMemory) {
+    LONG answer = 0;
+    m_faults.Fail({.function = "memory", .lasting = true});
+    SetLastError(ERROR_SUCCESS);
+    EXPECT_EQ(m_object->OpenDialog(kEnglish, &answer), S_OK);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_OUTOFMEMORY});
+    m_faults.Stop();
+    EXPECT_EQ(answer, -1);
+}
+
 class TypeDescriptionWithAFault : public testing::Test {
   protected:
     // What has to come of it while the function fails for good, and afterwards.

@@ -5,6 +5,7 @@
 
 #include "tests/pages/save_page.h"
 #include "tests/support/folder_browser.h"
+#include "tests/support/import_faults.h"
 
 namespace vmk::test {
 namespace {
@@ -115,6 +116,17 @@ TEST_F(SaveTarget, BrowsingForTheFolderShowsTheChosenPath) {
     EXPECT_TRUE(dialog->IsApplyEnabled());
     dialog->Apply();
     EXPECT_EQ(dialog->Record().Save.Folder, L"C:\\windows\\system32");
+}
+
+TEST_F(SaveTarget, BrowsingForTheFolderGivesBackWhatTheShellHandsOut) {
+    OpenWith(OtherFolder());
+    const ImportFaults calls(GetModuleHandleW(L"vmkctrl.dll"));
+    const FolderBrowser browser(OpenModal(IDC_SAVE_FOLDER_BROWSE));
+    ASSERT_TRUE(browser);
+    ASSERT_TRUE(browser.Select(L"C:\\windows\\system32"));
+    CloseModal(browser.Window(), IDOK);
+    EXPECT_TRUE(TextBecomes(IDC_SAVE_FOLDER, L"C:\\windows\\system32"));
+    EXPECT_EQ(calls.CallsOf("CoTaskMemFree"), 2);  // for the item and for its path
 }
 
 TEST_F(SaveTarget, BrowsingForTheFolderCanBeCancelled) {

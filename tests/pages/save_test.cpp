@@ -84,6 +84,22 @@ TEST_F(SavePage, EverythingIsStoredUnderItsName) {
     EXPECT_EQ(settings.Text("Save.App.Params"), L"/p %f");
 }
 
+// The system takes the other one's check off by itself only where that is enabled.
+TEST_F(SavePage, SelectingARadioButtonTakesTheOtherOnesCheckOff) {
+    constexpr WPARAM kSelectCode = 0xF1;
+    constexpr std::pair<UINT, UINT> kPairs[] = {{IDC_SAVE_ASK, IDC_SAVE_PREDEFINED},
+                                                {IDC_SAVE_DEFAULT_APP, IDC_SAVE_GIVEN_APP}};
+    Open();
+    for (const auto& [first, second] : kPairs) {
+        for (const auto& [checked, other] :
+             {std::pair(first, second), std::pair(second, first), std::pair(first, second)}) {
+            SendMessageW(page.Control(checked), BM_SETCHECK, kSelectCode, 0);
+            EXPECT_TRUE(page.IsChecked(checked));
+            EXPECT_FALSE(page.IsChecked(other)) << other;
+        }
+    }
+}
+
 TEST_F(SavePage, CancelKeepsWhatWasAppliedAndNothingMore) {
     Open();
     page.EnterText(IDC_SAVE_FILE_NAME, L"first");

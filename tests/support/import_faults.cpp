@@ -1,5 +1,7 @@
 #include "tests/support/import_faults.h"
 
+#include <objbase.h>
+
 #include <commctrl.h>
 #include <malloc.h>
 #include <oleauto.h>
@@ -164,6 +166,8 @@ std::span<const Row> Rows() {
         RowOf<Allocator<"calloc", std::size_t, std::size_t>>("calloc"),
         RowOf<Reallocator>("realloc"),
         RowOf<Deallocator>("free"),
+        // It can only pretend as well.
+        RowOf<StandIn<"CoTaskMemFree", decltype(CoTaskMemFree), 0, kNoError>>("CoTaskMemFree"),
         Failing<"RegCreateKeyExA", decltype(RegCreateKeyExA), ERROR_OUTOFMEMORY, kNoError>(),
         Failing<"RegOpenKeyExA", decltype(RegOpenKeyExA), ERROR_OUTOFMEMORY, kNoError>(),
         Failing<"RegQueryValueExA", decltype(RegQueryValueExA), ERROR_OUTOFMEMORY, kNoError>(),
