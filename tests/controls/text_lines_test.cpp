@@ -1,5 +1,9 @@
 #include "controls/text_lines.h"
 
+#include <windows.h>
+// It needs windows.h before it.
+#include <commctrl.h>
+
 #include <algorithm>
 #include <map>
 #include <utility>
@@ -66,6 +70,28 @@ TEST_F(TextLines, AreSharedEachTimeThatTheDialogOpens) {
 TEST_F(TextLines, AreNotThoseOfButtonsNorOfBoxesBelow) {
     for (const int label : {IDC_TEST_BUTTON_LABEL, IDC_TEST_LABEL_ABOVE})
         EXPECT_FALSE(HasMoved(label)) << label;
+}
+
+// The unit stands behind the box and its arrows. What comes between them here is nearly called like arrows.
+TEST_F(TextLines, AreNotThoseBeyondAControlOfAnotherKind) {
+    WNDCLASSW kind{};
+    kind.lpfnWndProc = DefWindowProcW;
+    kind.lpszClassName = UPDOWN_CLASSW L"x";
+    ASSERT_TRUE(RegisterClassW(&kind));
+    HWND between = CreateWindowW(kind.lpszClassName, nullptr, WS_CHILD, 0, 0, 9, 9, page.Handle(), nullptr,
+                                 nullptr, nullptr);
+    SetWindowPos(between, Control(IDC_TEST_SPIN), 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    HWND unit = Control(IDC_TEST_UNIT);
+    const auto top = [&] { return PlaceIn(unit, page.Handle()).top; };
+    const auto place = PlaceIn(unit, page.Handle());
+    const LONG fitted = top();
+    SetWindowPos(unit, nullptr, place.left, fitted - 2, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    FitTexts(page.Handle());
+    EXPECT_EQ(top(), fitted - 2);
+    DestroyWindow(between);
+    FitTexts(page.Handle());
+    EXPECT_EQ(top(), fitted);
+    UnregisterClassW(kind.lpszClassName, nullptr);
 }
 
 TEST_F(TextLines, OfItemsFitIntoTheListThatDropsDown) {
