@@ -8,6 +8,7 @@
 #include "tests/faults/refused_window.h"
 #include "tests/support/import_faults.h"
 #include "tests/support/loaded_module.h"
+#include "tests/support/scratch_settings.h"
 #include "tests/support/window_search.h"
 
 namespace vmk::test {
@@ -126,6 +127,29 @@ TEST_F(MissingPage, WhenNothingCanBeAttachedToTheMainDialogThereIsNone) {
     const Opening opening = Open();
     EXPECT_EQ(opening.exitCode, -1);
     EXPECT_FALSE(opening.wasShown);
+}
+
+// The page of the overlay enables Apply while it opens, so that a later one that goes before the dialog is on
+// screen could take that for a change of its own.
+TEST_F(MissingPage, LeavesItsSettingsAsTheyWere) {
+    PrinterSettings loaded;
+    loaded.Security.Digisig.Flags = 0x7FFFFFFF;  // more than the page stores
+    Load(*m_object, loaded);
+    m_object->DisablePage(AllPages);
+    m_object->EnablePage(Overlay);
+    m_object->EnablePage(DigitalSign);
+    long windows = 0;
+    {
+        const RefusedWindow none(LONG_MAX);
+        Open(Ending::kCancel);
+        windows = none.Count();
+    }
+    for (const long which : {windows - 15, windows - 1}) {
+        const RefusedWindow refused(which);
+        Open(Ending::kCancel);
+        EXPECT_EQ(m_shown.emptyItems, std::vector{1}) << which;
+        EXPECT_EQ(RecordOf(*m_object), loaded) << which;
+    }
 }
 
 }  // namespace
