@@ -19,7 +19,9 @@ wine_binary() {
 
 # wine_environment SLOT: exports what Wine needs to run in the slot.
 wine_environment() {
-    wine=$(wine_binary)
+    VMK_WINE_LOADER=$(wine_binary)
+    export VMK_WINE_LOADER
+    wine=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/wine
     export WINEPREFIX="$wine_dir/$1/prefix"
     export WINEARCH=win64
     export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe${VMK_KEEP_SESSION:+,winedbg.exe}="
