@@ -14,6 +14,7 @@
 #include "controls/number_box.h"
 #include "controls/plain_text.h"
 #include "tests/controls/live_page.h"
+#include "tests/support/sent_messages.h"
 
 namespace vmk::test {
 namespace {
@@ -50,6 +51,18 @@ TEST_F(PageOfBoundControls, SeesACommandBeforeTheControlAndMayKeepIt) {
     page.ClickItem(IDC_TEST_SUBJECT);
     EXPECT_EQ(seen.size(), 2U);
     EXPECT_TRUE(IsApplyEnabled());
+}
+
+TEST_F(PageOfBoundControls, AnswersWhatItHasTakenWithZero) {
+    OpenCheckbox();
+    page.onCommand = [](Command) { return true; };
+    EXPECT_EQ(SendMessageW(page.Handle(), WM_COMMAND, MAKEWPARAM(IDC_TEST_SUBJECT, BN_CLICKED),
+                           reinterpret_cast<LPARAM>(Control())),
+              0);
+    for (const WPARAM key : {VK_TAB, VK_RETURN}) {
+        EXPECT_EQ(SendMessageW(Control(), WM_KEYDOWN, key, 1), 0) << key;
+        EXPECT_EQ(SendMessageW(Control(), WM_CHAR, key, 1), 0) << key;
+    }
 }
 
 TEST_F(PageOfBoundControls, LosesTheEffectsOfAnExceptionOnly) {
@@ -106,27 +119,13 @@ TEST_F(PageOfBoundControls, HandsOtherNotificationsToItsOwnHandler) {
     EXPECT_EQ(seen, (std::vector<UINT>{NM_CLICK}));
 }
 
-// What a control of the page hears of being enabled and disabled.
-std::vector<WPARAM> heard;
-
-LRESULT CALLBACK NoteEnabling(int code, WPARAM wParam, LPARAM lParam) {
-    const auto& message = *reinterpret_cast<const CWPSTRUCT*>(lParam);
-    if (code == HC_ACTION && message.message == WM_ENABLE &&
-        GetDlgCtrlID(message.hwnd) == IDC_TEST_DEPENDENT_EDIT)
-        heard.push_back(message.wParam);
-    return CallNextHookEx(nullptr, code, wParam, lParam);
-}
-
 class PageBeingFilled : public PageOfBoundControls {
   protected:
-    void SetUp() override {
-        heard.clear();
-        m_hook = SetWindowsHookExW(WH_CALLWNDPROC, NoteEnabling, nullptr, GetCurrentThreadId());
-    }
-    void TearDown() override { UnhookWindowsHookEx(m_hook); }
+    // What a control of the page hears of being enabled and disabled.
+    std::vector<WPARAM> Heard() const { return m_enabling.To(IDC_TEST_DEPENDENT_EDIT); }
 
   private:
-    HHOOK m_hook = nullptr;
+    const SentMessages m_enabling{WM_ENABLE};
 };
 
 TEST_F(PageBeingFilled, TellsAControlOnlyInTheEndWhetherItIsEnabled) {
@@ -135,9 +134,9 @@ TEST_F(PageBeingFilled, TellsAControlOnlyInTheEndWhetherItIsEnabled) {
             bound.EnableItem(IDC_TEST_DEPENDENT_EDIT, enable);
             EXPECT_EQ(bound.IsItemEnabled(IDC_TEST_DEPENDENT_EDIT), enable);
         }
-        EXPECT_EQ(heard, std::vector<WPARAM>());
+        EXPECT_EQ(Heard(), std::vector<WPARAM>());
     });
-    EXPECT_EQ(heard, (std::vector<WPARAM>{FALSE}));
+    EXPECT_EQ(Heard(), (std::vector<WPARAM>{FALSE}));
     EXPECT_FALSE(IsEnabled(IDC_TEST_DEPENDENT_EDIT));
 }
 
@@ -145,7 +144,7 @@ TEST_F(PageBeingFilled, TellsAControlNothingThatItKnows) {
     Open(IDD_TEST_CHECKBOX, [&](TestPage& bound) {
         for (const bool enable : {false, true}) bound.EnableItem(IDC_TEST_DEPENDENT_EDIT, enable);
     });
-    EXPECT_EQ(heard, std::vector<WPARAM>());
+    EXPECT_EQ(Heard(), std::vector<WPARAM>());
     EXPECT_TRUE(IsEnabled(IDC_TEST_DEPENDENT_EDIT));
 }
 

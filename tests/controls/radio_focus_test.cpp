@@ -1,10 +1,12 @@
 #include "controls/radio_focus.h"
 
+#include <iterator>
 #include <vector>
 
 #include "controls/radio_button.h"
 #include "controls/radio_group.h"
 #include "tests/controls/live_page.h"
+#include "tests/support/sent_messages.h"
 
 namespace vmk::test {
 namespace {
@@ -13,15 +15,6 @@ constexpr UINT kRadios[] = {IDC_TEST_SUBJECT, IDC_TEST_OTHER_RADIO, IDC_TEST_THI
 constexpr RadioItem kItems[] = {{.id = IDC_TEST_SUBJECT, .value = 1},
                                 {.id = IDC_TEST_OTHER_RADIO, .value = 2},
                                 {.id = IDC_TEST_THIRD_RADIO, .value = 3}};
-
-std::vector<HWND> askedNotToClick;
-
-LRESULT CALLBACK NoteRequests(int code, WPARAM wParam, LPARAM lParam) {
-    const auto& message = *reinterpret_cast<const CWPSTRUCT*>(lParam);
-    if (code == HC_ACTION && message.message == BM_SETDONTCLICK && message.wParam == TRUE)
-        askedNotToClick.push_back(message.hwnd);
-    return CallNextHookEx(nullptr, code, wParam, lParam);
-}
 
 class FocusOfRadioButtons : public ControlTest {
   protected:
@@ -134,13 +127,11 @@ TEST_F(FocusOfRadioButtons, IsOfferedToTheFirstButtonWhileNoneIsChecked) {
 }
 
 TEST_F(FocusOfRadioButtons, EveryButtonIsAskedNotToClickItself) {
-    askedNotToClick.clear();
-    HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, NoteRequests, nullptr, GetCurrentThreadId());
+    const SentMessages requests(BM_SETDONTCLICK);
     Open(2);
-    UnhookWindowsHookEx(hook);
-    std::vector<HWND> expected;
-    for (const UINT id : kRadios) expected.push_back(Control(id));
-    EXPECT_EQ(askedNotToClick, expected);
+    for (const UINT id : kRadios)
+        EXPECT_EQ(requests.To(static_cast<int>(id)), std::vector<WPARAM>{TRUE}) << id;
+    EXPECT_EQ(requests.All().size(), std::size(kRadios));
 }
 
 // Styles mean something else to each class: of a button, this one says that it is a radio button.

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/window_text.h"
 #include "tests/settings/expected_settings.h"
 #include "tests/support/full_use.h"
 #include "tests/support/live_dialog.h"
@@ -198,6 +199,44 @@ TEST(AllPages, EveryBoxOfTextTakesAsMuchAsTheSystemAllows) {
         }
     }
     EXPECT_EQ(boxes, 25U);
+}
+
+// What stands in the controls of a page, and whether they are enabled and on screen.
+std::vector<std::wstring> LookOf(const LiveWindow& page) {
+    std::vector<std::wstring> look;
+    for (HWND control : ChildrenOf(page.Handle())) {
+        const std::wstring checked = std::to_wstring(SendMessageW(control, BM_GETCHECK, 0, 0));
+        const std::wstring items = std::to_wstring(SendMessageW(control, LVM_GETITEMCOUNT, 0, 0));
+        look.push_back(WindowText(control) + L' ' + checked + L' ' + items +
+                       (IsWindowEnabled(control) ? L" enabled" : L"") +
+                       (IsWindowVisible(control) ? L" visible" : L""));
+    }
+    return look;
+}
+
+TEST(AllPages, ButtonsAreMovedByClicksAndByNothingElseThatTheyTell) {
+    const ScratchSettings before;
+    before.Store(SettingsInFullUse());
+    const LiveDialog dialog({.settings = &before});
+    size_t buttons = 0;
+    for (const std::wstring& name : dialog.PageNames()) {
+        const LiveWindow page = dialog.Page(name);
+        const std::vector<std::wstring> look = LookOf(page);
+        for (HWND button : ChildrenOf(page.Handle())) {
+            if (ClassOf(button) != L"Button") continue;
+            ++buttons;
+            const int id = GetDlgCtrlID(button);
+            // Posted, so that what opens something modal is seen to do so.
+            for (const int code : {BN_DOUBLECLICKED, BN_SETFOCUS, BN_KILLFOCUS})
+                PostMessageW(page.Handle(), WM_COMMAND, MAKEWPARAM(id, code),
+                             reinterpret_cast<LPARAM>(button));
+            dialog.Call([](IPdfPrinterPreferences&) {});  // gets through once they have been handled
+            ASSERT_TRUE(IsWindowEnabled(dialog.Main().Handle())) << id << ' ' << testing::PrintToString(name);
+            ASSERT_FALSE(dialog.IsApplyEnabled()) << id << ' ' << testing::PrintToString(name);
+            ASSERT_EQ(LookOf(page), look) << id << ' ' << testing::PrintToString(name);
+        }
+    }
+    EXPECT_GT(buttons, 100U);
 }
 
 TEST(AllPages, AfterCancelOnlyTheEmailPageHasStoredItsChange) {

@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include "resources/ids/document_info.h"
 #include "resources/ids/main.h"
 #include "resources/ids/security.h"
 #include "resources/ids/watermarks.h"
 #include "tests/support/language_folder.h"
 #include "tests/support/live_dialog.h"
+#include "tests/support/sent_messages.h"
 
 namespace vmk::test {
 namespace {
@@ -52,6 +55,18 @@ TEST(DialogLanguage, TextsOfAnyLengthAreShownWhole) {
     const LiveDialog dialog({.pages = page_bit::kWatermarks, .language = kGerman});
     EXPECT_EQ(dialog.Main().Text(), lengthy + L"1");
     EXPECT_EQ(dialog.VisiblePage().Text(IDC_WATERMARKS_PRINT), lengthy + L"2");
+}
+
+TEST(DialogLanguage, WithoutOneNoTextOfATemplateIsSetAgain) {
+    for (const LANGID language : {kEnglish, kGerman}) {
+        const LanguageFolder folder(kEntries);
+        std::optional<SentMessages> texts;
+        const LiveDialog dialog({.pages = page_bit::kWatermarks,
+                                 .language = language,
+                                 .prepare = [&](IPdfPrinterPreferences&) { texts.emplace(WM_SETTEXT); }});
+        const bool isSet = !texts->To(IDC_WATERMARKS_PRINT).empty();
+        EXPECT_EQ(isSet, language == kGerman);
+    }
 }
 
 TEST(DialogLanguage, ZeroMeansTheUsersDefaultLanguage) {

@@ -8,6 +8,7 @@
 #include "resources/ids/digital_signature.h"
 #include "resources/ids/document_info.h"
 #include "resources/ids/email.h"
+#include "resources/ids/main.h"
 #include "resources/ids/smtp.h"
 #include "tests/faults/opening.h"
 #include "tests/support/import_faults.h"
@@ -105,6 +106,30 @@ TEST_F(StoreWithAFault, LeavesATextOfTheRegistryThatCannotBeConverted) {
     }
     EXPECT_EQ(key.Load(), after);
     EXPECT_GT(kept, 0);
+}
+
+class ApplyWithAFault : public PageTest {
+  protected:
+    ApplyWithAFault() : PageTest(page_bit::kDocumentInfo) {}
+};
+
+TEST_F(ApplyWithAFault, AnswersItsClickAsEver) {
+    Open();
+    page.EnterText(IDC_DOCINFO_TITLE, L"a text that needs memory of its own, as long as it is");
+    HWND apply = dialog->Main().Control(IDC_MAIN_APPLY);
+    const auto click = [&] {
+        return SendMessageW(dialog->Main().Handle(), WM_COMMAND, MAKEWPARAM(IDC_MAIN_APPLY, BN_CLICKED),
+                            reinterpret_cast<LPARAM>(apply));
+    };
+    {
+        ImportFaults faults(GetModuleHandleW(L"vmkctrl.dll"));
+        faults.Fail({.function = "memory", .lasting = true});
+        EXPECT_EQ(click(), 0);
+        faults.Stop();
+    }
+    EXPECT_TRUE(dialog->IsApplyEnabled());
+    EXPECT_EQ(click(), 0);
+    EXPECT_FALSE(dialog->IsApplyEnabled());
 }
 
 // The mail server's dialog, which stands over the main one.

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -11,6 +11,7 @@
 #include "tests/support/file_chooser.h"
 #include "tests/support/language_folder.h"
 #include "tests/support/page_fixture.h"
+#include "tests/support/sent_messages.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vmk::test {
@@ -21,17 +22,6 @@ const std::vector<UINT> kOverlayControls = {204, 216, 218, 257, 219, 207, 259, 2
 const std::vector<UINT> kRepeatButtons = {205, 206, 237};
 const std::vector<UINT> kHorizontalButtons = {357, 358, 359};
 const std::vector<UINT> kVerticalButtons = {360, 361, 362};
-
-// How often Apply was enabled on a thread with the hook below.
-std::atomic<int> timesApplyWasEnabled;
-
-LRESULT CALLBACK CountApply(int code, WPARAM wParam, LPARAM lParam) {
-    const auto& message = *reinterpret_cast<const CWPSTRUCT*>(lParam);
-    if (code == HC_ACTION && message.message == WM_ENABLE && message.wParam != 0 &&
-        GetDlgCtrlID(message.hwnd) == IDC_MAIN_APPLY)
-        ++timesApplyWasEnabled;
-    return CallNextHookEx(nullptr, code, wParam, lParam);
-}
 
 class OverlayPage : public PageTest {
   protected:
@@ -118,12 +108,10 @@ TEST_F(OverlayPage, TheFileCannotBeTypedAndThePasswordIsShownAsDots) {
 }
 
 TEST_F(OverlayPage, TheClickOnARepeatButtonEnablesApplyWhileThePageOpensAndTheDialogDisablesItAgain) {
-    const int before = timesApplyWasEnabled;
-    prepare = [](IPdfPrinterPreferences&) {
-        SetWindowsHookExW(WH_CALLWNDPROC, CountApply, nullptr, GetCurrentThreadId());
-    };
+    std::optional<SentMessages> enabling;
+    prepare = [&](IPdfPrinterPreferences&) { enabling.emplace(WM_ENABLE); };
     Open();
-    EXPECT_EQ(timesApplyWasEnabled, before + 1);
+    EXPECT_EQ(enabling->To(IDC_MAIN_APPLY), (std::vector<WPARAM>{TRUE, FALSE}));
     EXPECT_FALSE(dialog->IsApplyEnabled());
 }
 

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "resources/ids/main.h"
 #include "tests/support/language_folder.h"
 #include "tests/support/page_fixture.h"
+#include "tests/support/sent_messages.h"
 
 namespace vmk::test {
 namespace {
@@ -150,6 +153,18 @@ TEST_F(PaperPage, EveryOrderStoresItsPositionInTheVisibleList) {
             ExpectStored(count, order++);
         }
     }
+}
+
+TEST_F(PaperPage, TheListThatAnotherCountSharesIsNotHiddenMeanwhile) {
+    Open(4, 0);
+    const SentMessages showing(WM_SHOWWINDOW, GetWindowThreadProcessId(page.Handle(), nullptr));
+    const auto timesHidden = [&] {
+        return std::ranges::count(showing.To(IDC_PAPER_ORDER_OF_MORE), WPARAM{FALSE});
+    };
+    ASSERT_TRUE(page.Choose(IDC_PAPER_COUNT, L"8 pages"));
+    EXPECT_EQ(timesHidden(), 0);
+    ASSERT_TRUE(page.Choose(IDC_PAPER_COUNT, L"2 pages"));
+    EXPECT_EQ(timesHidden(), 1);
 }
 
 TEST_F(PaperPage, AnotherCountStartsWithTheFirstOrder) {
