@@ -14,6 +14,7 @@ add_executable(limits_test limits_test.cpp limits.cpp)
 add_test(NAME limits COMMAND limits_test)
 END
 cat >project/limits.cpp <<'END'
+#include <vector>
 constexpr int kStep = 3;
 static_assert(kStep > 2);
 
@@ -41,18 +42,27 @@ int Room() {
     int room[2] = {};
     return LengthOf(room);
 }
+bool IsFree(const std::vector<int>& places, std::size_t place) {
+    return place >= places.size() || places[place] == 0;
+}
 END
 cat >project/limits_test.cpp <<'END'
+#include <vector>
 bool IsHeld(int number);
 bool IsHeldInPart(int number);
 int Step();
 int Hangs(int number);
 int Room();
+bool IsFree(const std::vector<int>& places, std::size_t place);
 
 int main() {
+    // The place behind the last one looks like a free one, too.
+    std::vector<int> places = {1, 0, 0};
+    places.pop_back();
+    const bool isFree = IsFree(places, 2) && IsFree(places, 1) && !IsFree(places, 0);
     const bool held = IsHeld(9) && !IsHeld(10) && !IsHeld(11);
     const bool heldInPart = IsHeldInPart(0) && !IsHeldInPart(100);
-    return held && heldInPart && Step() == 3 && Hangs(2) == 0 && Room() == 2 ? 0 : 1;
+    return held && heldInPart && isFree && Step() == 3 && Hangs(2) == 0 && Room() == 2 ? 0 : 1;
 }
 END
 before=$(cat project/* | sha256sum)
@@ -62,15 +72,17 @@ says() { tr -s ' ' <output | grep -qF -- "$1" || fail "'$1' is missing: $(cat ou
 says_nothing_of() { if grep -qF -- "$1" output; then fail "'$1' is said: $(cat output)"; fi; }
 
 # A bound that is tested, one that is not, a statement that no test reaches, a loop without an end; a constant of the
-# compiler is built by itself, and so is the length of an array; one of their neighbours does not compile.
+# compiler is built by itself, and so is the length of an array; one of their neighbours does not compile. What is read
+# beyond the end of a vector is noticed, whatever stands there.
 # shellcheck disable=SC2016
 {
-    refuses 'limits.cpp:8: survived: `<` becomes `<=`' mutate
-    says 'limits.cpp:11: survived (no test reaches it): `number = 1` is left out'
-    says_nothing_of 'limits.cpp:5:'
-    says_nothing_of 'limits.cpp:1:'
-    says_nothing_of 'limits.cpp:17:'
-    says 'all 19 1 12 0 6 66.7 %'
+    refuses 'limits.cpp:9: survived: `<` becomes `<=`' mutate
+    says 'limits.cpp:12: survived (no test reaches it): `number = 1` is left out'
+    says_nothing_of 'limits.cpp:6:'
+    says_nothing_of 'limits.cpp:2:'
+    says_nothing_of 'limits.cpp:18:'
+    says_nothing_of 'limits.cpp:30:'
+    says 'all 25 1 18 0 6 75.0 %'
 }
 [ "$(cat project/*.* | sha256sum)" = "$before" ] || fail "the sources have changed"
 
@@ -92,7 +104,7 @@ reason = "For the test."
 END
 # shellcheck disable=SC2016
 {
-    refuses 'limits.cpp:8: `<` becomes `<=`; explained: For the test.' mutate
+    refuses 'limits.cpp:9: `<` becomes `<=`; explained: For the test.' mutate
     says 'stale, it is killed: limits.cpp | IsHeld | return number < 10; | `<` becomes `<=`'
     says 'stale, there is no such mutant: limits.cpp | IsHeld | return number < 10; | `<` becomes `==`'
 }
@@ -100,4 +112,4 @@ END
 # A test that sees more, and nothing is left.
 sed -i 's/IsHeldInPart(0) \&\& !IsHeldInPart(100)/IsHeldInPart(19) \&\& !IsHeldInPart(20)/' project/limits_test.cpp
 refuses 'no test reaches it' mutate
-says_nothing_of 'limits.cpp:8:'
+says_nothing_of 'limits.cpp:9:'
