@@ -12,6 +12,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 enable_testing()
 add_executable(limits_test limits_test.cpp limits.cpp)
 add_test(NAME limits COMMAND limits_test)
+add_executable(moody_test moody_test.cpp limits.cpp)
+add_test(NAME moody COMMAND moody_test)
 END
 cat >project/limits.cpp <<'END'
 #include <vector>
@@ -63,6 +65,23 @@ int main() {
     const bool held = IsHeld(9) && !IsHeld(10) && !IsHeld(11);
     const bool heldInPart = IsHeldInPart(0) && !IsHeldInPart(100);
     return held && heldInPart && isFree && Step() == 3 && Hangs(2) == 0 && Room() == 2 ? 0 : 1;
+}
+END
+# It fails once with each change, whatever that is.
+cat >project/moody_test.cpp <<'END'
+#include <cstdlib>
+#include <fstream>
+#include <string>
+bool IsHeldInPart(int number);
+
+int main(int, char** arguments) {
+    IsHeldInPart(0);
+    const char* const change = std::getenv("VMK_MUTANT");
+    if (!change || std::string(change) == "0") return 0;
+    const std::string mark = arguments[0] + std::string(".seen-") + change;
+    if (std::ifstream(mark)) return 0;
+    std::ofstream(mark) << "seen";
+    return 1;
 }
 END
 before=$(cat project/* | sha256sum)
