@@ -2,6 +2,12 @@
 # shellcheck shell=bash
 
 set -euo pipefail
+# Where programs lie is not to be up to chance: GCC's symbols may come out otherwise at other addresses. A machine that does
+# not allow that builds all the same.
+if [ -z "${VMK_FIXED_ADDRESSES:-}" ] && setarch -R true 2>/dev/null; then
+    export VMK_FIXED_ADDRESSES=1
+    exec setarch -R "$0" "$@"
+fi
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 cd "$root"
 export jobs

@@ -59,7 +59,7 @@ TEST_F(PageOfBoundControls, AnswersWhatItHasTakenWithZero) {
     EXPECT_EQ(SendMessageW(page.Handle(), WM_COMMAND, MAKEWPARAM(IDC_TEST_SUBJECT, BN_CLICKED),
                            reinterpret_cast<LPARAM>(Control())),
               0);
-    for (const WPARAM key : {VK_TAB, VK_RETURN}) {
+    for (const WPARAM key : {WPARAM{VK_TAB}, WPARAM{VK_RETURN}}) {
         EXPECT_EQ(SendMessageW(Control(), WM_KEYDOWN, key, 1), 0) << key;
         EXPECT_EQ(SendMessageW(Control(), WM_CHAR, key, 1), 0) << key;
     }
