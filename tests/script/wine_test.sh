@@ -10,10 +10,11 @@ printf '#!/bin/sh\necho "started with $*"\ncat /proc/self/personality\n' >bin/wi
 chmod +x bin/wine64
 PATH=$work/bin:$PATH
 
-# has SAID: what the started program is to say of itself.
+# has SAID: what the started program is to say of itself, whether or not this test has random addresses.
+setarch=$(command -v setarch)
 has() {
     wine_environment 1
-    "$wine" program.exe 'an argument' >said
+    "$setarch" "$(uname -m)" "$wine" program.exe 'an argument' >said
     diff <(printf 'started with program.exe an argument\n%s\n' "$1") said || fail "Wine is not started as it should be"
 }
 
